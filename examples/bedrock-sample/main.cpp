@@ -1,0 +1,142 @@
+// Sample application: builds fields of every kind, rounds them, writes their
+// record text, keeps it in an enciphered block in a return file, reads the file
+// back with the same key (and once with a wrong one) and prints what came back.
+//
+//   bedrock-sample [return-file [key]]
+#include <LibBedrock.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTextStream>
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+QTextStream& out()
+{
+    static QTextStream stream(stdout);
+    return stream;
+}
+
+void show(const char* label, CField& field)
+{
+    CString text;
+    field.toString(text);
+    out() << QStringLiteral("  %1 = %2").arg(QString::fromLatin1(label), -22).arg(text) << '\n';
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    const QString path = argc > 1 ? QString::fromLocal8Bit(argv[1])
+                                  : QDir::temp().filePath(QStringLiteral("bedrock-sample.ret"));
+    const CString key = argc > 2 ? CString(QString::fromLocal8Bit(argv[2]))
+                                 : CString("correct horse battery staple");
+
+    // An application says once at start which string fields are too large for a record.
+    CStringField::setLargeSizeSerializeOption(0x101F4, 1000);
+
+    out() << "LibBedrock " << LIBBEDROCK_VERSION_STRING << ", tax year " << LIBBEDROCK_TAX_YEAR
+          << "\n\nFields, assigned and rounded:\n";
+
+    CIntField dependants(0, 3);
+    dependants.m_name = "m_NumDependants";
+    dependants.m_printName = "DEP";
+    CFloatField income(0.0, 10100);
+    income.m_name = "fld_10100";
+    income = 52345.675; // rounds to cents
+    CFloatField loss(0.0, 25200);
+    loss.m_name = "fld_25200";
+    loss = -1200.0;
+    loss.ValidateAndCorrect(); // a negative amount is not allowed here: it becomes 0
+    CIntFloatField wholeDollars(0.0, 30000);
+    wholeDollars.m_name = "fld_30000";
+    wholeDollars = 15704.5; // always whole dollars
+    CPercentField share(0.0, 0, false, 0);
+    share.m_name = "fld_MyPercent";
+    share = 33.333333; // four decimals
+    CDecimalFloatField rate(4, 0.0, 0);
+    rate.m_name = "fld_Rate";
+    rate = 0.123456; // rounds to cents, prints four decimals
+    CStringField name(0, "", 60, 0x10000);
+    name.m_name = "m_Name";
+    name.m_text.LoadString("  Ren\xc3\xa9" "e   O'Brien & Sons  ");
+    name.ValidateAndCorrect();
+    CStringField street(0, "C/O: 12 Main St", 60, 0x10000);
+    street.m_name = "m_Street";
+    street.removeCOInAddr();
+    CBoolField resident(1);
+    resident.m_name = "m_Resident";
+    CDateField birth(QDate(1961, 2, 28), false, FIELD_ATTR_NONE, 0, 0x10000);
+    birth.m_name = "m_BirthDate";
+    CDateTimeField stamp;
+    stamp.m_name = "m_Stamp";
+    CFloatFieldNotused oldAmount(0x10000, 0x10100);
+    oldAmount.m_name = "fld_notused_1";
+
+    std::vector<CField*> fields { &dependants, &income, &loss, &wholeDollars, &share, &rate,
+                                  &name, &street, &resident, &birth, &stamp, &oldAmount };
+    show("dependants", dependants);
+    show("income 52345.675", income);
+    show("loss -1200 clamped", loss);
+    show("whole 15704.5", wholeDollars);
+    show("percent 33.333333", share);
+    show("rate 0.123456", rate);
+    show("name", name);
+    show("street", street);
+    show("resident", resident);
+    show("birth date", birth);
+    show("stamp", stamp);
+
+    // The record text: one element per savable field, keyed by name.
+    CString record("<m>");
+    for (CField* field : fields) {
+        CString element;
+        if (field->writeToString(element) == 0)
+            record += element;
+    }
+    record += QLatin1String("</m>");
+    out() << "\nRecord text:\n  " << record << '\n';
+
+    // Store it enciphered in a return file.
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+            out() << "cannot write " << path << '\n';
+            return 107;
+        }
+        MyDataStream stream(&file);
+        CT1EncryptedMemoryBlock block(key);
+        const QByteArray bytes = record.toUtf8();
+        block.Append(bytes.constData(), int(bytes.size()));
+        block.WriteToReturnArchive(stream);
+        out() << "\nStored " << bytes.size() << " bytes as " << file.size() << " enciphered bytes in "
+              << path << '\n';
+    }
+
+    // Read it back with the same key, then with a wrong one.
+    for (const CString& tryKey : { key, CString("wrong key") }) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            return 107;
+        MyDataStream stream(&file);
+        CT1EncryptedMemoryBlock block(tryKey);
+        block.ReadFromReturnArchive(stream);
+        CString back;
+        block.GetContent(back);
+        const bool same = back == record;
+        out() << (tryKey == key ? "\nRead back with the same key: " : "Read back with a wrong key: ")
+              << block.GetContentSize() << " bytes"
+              << (same ? ", identical to what was stored" : (back.isEmpty() ? ", nothing" : ", DIFFERENT"))
+              << '\n';
+        if (tryKey == key && !same)
+            return 1;
+    }
+    out().flush();
+    return 0;
+}
