@@ -5,16 +5,36 @@
 
 #include <QBuffer>
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace {
 
 // A device that hides its size, like a pipe or a socket.
-class SequentialBuffer : public QBuffer
+class SequentialSource : public QIODevice
 {
 public:
-    using QBuffer::QBuffer;
+    explicit SequentialSource(const QByteArray& bytes)
+        : m_bytes(bytes)
+    {
+        open(ReadOnly);
+    }
     bool isSequential() const override { return true; }
+
+protected:
+    qint64 readData(char* data, qint64 max) override
+    {
+        const qint64 n = std::min<qint64>(max, m_bytes.size() - m_at);
+        std::memcpy(data, m_bytes.constData() + m_at, size_t(n));
+        m_at += n;
+        return n;
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+private:
+    QByteArray m_bytes;
+    qint64 m_at = 0;
 };
 
 } // namespace
@@ -39,10 +59,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         block.GetContent(text);
     }
     {
-        SequentialBuffer buffer;
-        buffer.setData(bytes);
-        buffer.open(QIODevice::ReadOnly);
-        MyDataStream in(&buffer);
+        SequentialSource source(bytes);
+        MyDataStream in(&source);
         CMemoryBlock block;
         if (block.ReadFromReturnArchive(in) > int(size))
             __builtin_trap();

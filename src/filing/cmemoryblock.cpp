@@ -56,9 +56,16 @@ bool CMemoryBlock::ensureRoom(qint64 need)
 
 void CMemoryBlock::Append(char const* data, int len)
 {
-    if (!data || len <= 0 || !ensureRoom(qint64(m_size) + len))
+    if (!data || len <= 0)
         return;
-    std::memcpy(m_data + m_size, data, size_t(len));
+    // Bytes of the block itself stay readable across the growth below.
+    const bool own = data >= m_data && data < m_data + m_capacity + 1;
+    const qint64 ownOffset = own ? data - m_data : 0;
+    if (!ensureRoom(qint64(m_size) + len))
+        return;
+    if (own)
+        data = m_data + ownOffset;
+    std::memmove(m_data + m_size, data, size_t(len));
     m_size += len;
 }
 
@@ -92,7 +99,8 @@ int CMemoryBlock::LoadFile(char const* path)
 
 void CMemoryBlock::WriteToT1BarcodeArchive(MyDataStream& s)
 {
-    const qint32 total = m_size + 4;
+    // A block read from a file may reach the 32-bit limit; the length saturates there.
+    const qint32 total = qint32(std::min<qint64>(qint64(m_size) + 4, INT_MAX));
     s << total;
     // The length counts the four digits that follow it; a five-digit length
     // keeps only its leading four, as the barcode readers expect.

@@ -1,6 +1,7 @@
 #include "cmemoryblock.h"
 
 #include "archivecipher_p.h"
+#include "logging_p.h"
 #include "mydatastream.h"
 
 CT1EncryptedMemoryBlock::CT1EncryptedMemoryBlock(CString const& key)
@@ -26,7 +27,15 @@ void CT1EncryptedMemoryBlock::WriteToReturnArchive(MyDataStream& s)
 int CT1EncryptedMemoryBlock::ReadFromReturnArchive(MyDataStream& s)
 {
     // The enciphered bytes come in through the plain block's bounded read.
-    if (CMemoryBlock::ReadFromReturnArchive(s) < 1)
+    const int got = CMemoryBlock::ReadFromReturnArchive(s);
+    // The size in front is not authenticated: a record holding fewer bytes than
+    // it announces is damaged, even when the bytes it does hold would open.
+    if (s.status() != QDataStream::Ok) {
+        qCInfo(lcBedrockArchive) << "enciphered block shorter than its announced size";
+        setContent(nullptr, 0);
+        return 0;
+    }
+    if (got < 1)
         return 0;
     QByteArray plain;
     Bedrock::ArchiveCipher::open(m_key, GetData(), GetContentSize(), plain);

@@ -1,0 +1,83 @@
+#include "cintfield.h"
+
+#include "mydatastream.h"
+
+CIntField::CIntField(int value, ENUMTYPE_FIELD_ATTR attr)
+    : CField(0, false, ARCHIVE_VERSION_FIRST, ARCHIVE_VERSION_NO_END, attr, 0)
+    , m_value(value)
+{
+}
+
+CIntField::CIntField(int id, int value, ENUMTYPE_FIELD_ATTR attr)
+    : CField(id, false, ARCHIVE_VERSION_FIRST, ARCHIVE_VERSION_NO_END, attr, 0)
+    , m_value(value)
+{
+}
+
+CIntField::CIntField(int id, int value, ENUMTYPE_FIELD_ATTR attr, int tag, unsigned int version)
+    : CField(id, false, version, ARCHIVE_VERSION_NO_END, attr, tag)
+    , m_value(value)
+{
+}
+
+CIntField& CIntField::operator=(const CIntField& other)
+{
+    m_value = other.m_value;
+    return *this;
+}
+
+CIntField& CIntField::operator=(int value)
+{
+    m_value = value;
+    return *this;
+}
+
+void CIntField::Serialize(unsigned int version, MyDataStream& stream)
+{
+    if (!isInVersion(version))
+        return;
+    if (stream.IsStoring()) {
+        stream << qint32(m_value);
+    } else {
+        qint32 value = 0;
+        stream >> value;
+        // A cut archive leaves the field as it was.
+        if (stream.status() == QDataStream::Ok)
+            m_value = value;
+    }
+}
+
+int CIntField::readFromString(const CString& text)
+{
+    bool ok = false;
+    const int value = text.toInt(&ok);
+    m_value = ok ? value : 0;
+    return 0;
+}
+
+int CIntField::toString(CString& out)
+{
+    out = QString::number(m_value);
+    return 0;
+}
+
+int CIntField::writeToString(CString& out)
+{
+    if (!canFieldSavedInXML())
+        return -1;
+    if (m_printName.empty())
+        return CField::writeToString(out);
+    CString value;
+    toString(value);
+    out = QStringLiteral("<f n=\"%1\" p=\"%2\">%3</f>")
+              .arg(QString::fromStdString(m_name))
+              .arg(QString::fromStdString(m_printName))
+              .arg(value);
+    return 0;
+}
+
+CIntFieldNotused::CIntFieldNotused(unsigned int version, unsigned int versionEnd)
+    : CIntField(0, -1, FIELD_ATTR_NONE, 0, version)
+{
+    m_versionEnd = versionEnd;
+}
