@@ -1,6 +1,6 @@
 #include "calendar.h"
 
-#include "mydatastream.h"
+#include "mydatastream_p.h"
 
 #include <QTime>
 
@@ -348,8 +348,5 @@ void DateAsDouble::serialize(MyDataStream& stream)
         return;
     }
     // A short read keeps the value that was there.
-    double value = 0.0;
-    stream >> value;
-    if (stream.status() == QDataStream::Ok)
-        m_value = value;
+    Bedrock::readKeeping(stream, m_value);
 }

@@ -1,16 +1,14 @@
 #include "cboolfield.h"
 
-#include "mydatastream.h"
+#include "fields_p.h"
 
 CBoolField::CBoolField(int value)
-    : CField(0, false, ARCHIVE_VERSION_FIRST, ARCHIVE_VERSION_NO_END, FIELD_ATTR_NONE, 0)
-    , m_value(value)
+    : CBoolField(0, value, FIELD_ATTR_NONE, 0, ARCHIVE_VERSION_FIRST)
 {
 }
 
 CBoolField::CBoolField(int id, int value)
-    : CField(id, false, ARCHIVE_VERSION_FIRST, ARCHIVE_VERSION_NO_END, FIELD_ATTR_NONE, 0)
-    , m_value(value)
+    : CBoolField(id, value, FIELD_ATTR_NONE, 0, ARCHIVE_VERSION_FIRST)
 {
 }
 
@@ -34,17 +32,8 @@ CBoolField& CBoolField::operator=(int value)
 
 void CBoolField::Serialize(unsigned int version, MyDataStream& stream)
 {
-    if (!isInVersion(version))
-        return;
-    if (stream.IsStoring()) {
-        stream << qint32(m_value);
-    } else {
-        qint32 value = 0;
-        stream >> value;
-        // A cut archive leaves the field as it was.
-        if (stream.status() == QDataStream::Ok)
-            m_value = value;
-    }
+    if (isInVersion(version))
+        Bedrock::serializeInt32(stream, m_value);
 }
 
 int CBoolField::readFromString(const CString& text)

@@ -1,7 +1,7 @@
 #include "cdatefield.h"
 
 #include "calendar.h"
-#include "mydatastream.h"
+#include "mydatastream_p.h"
 
 // QDate() is the same null date as QDate(0, 0, 0), and being constexpr it is
 // ready before any other static initialiser can look at it.
@@ -101,10 +101,9 @@ void CDateField::Serialize(unsigned int version, MyDataStream& stream)
         stream << m_value;
     } else {
         QDate value;
-        stream >> value;
         // A cut archive leaves the field as it was; its zeros would otherwise
         // read as a real day thousands of years ago.
-        if (stream.status() != QDataStream::Ok)
+        if (!Bedrock::readKeeping(stream, value))
             return;
         if (!value.isValid())
             value.setDate(0, 0, 0);

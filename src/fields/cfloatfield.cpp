@@ -1,6 +1,6 @@
 #include "cfloatfield.h"
 
-#include "mydatastream.h"
+#include "mydatastream_p.h"
 
 #include <climits>
 #include <cmath>
@@ -100,18 +100,15 @@ void CFloatField::Serialize(unsigned int version, MyDataStream& stream)
         stream << m_value;
         return;
     }
-    double value = 0.0;
     if (version > LastSinglePrecisionVersion) {
-        stream >> value;
-    } else {
-        // The stream keeps double precision, so this still takes 8 bytes and
-        // narrows them to single precision, as these archives were read.
-        float narrow = 0.0f;
-        stream >> narrow;
-        value = narrow;
+        Bedrock::readKeeping(stream, m_value);
+        return;
     }
-    if (stream.status() == QDataStream::Ok)
-        m_value = value;
+    // The stream keeps double precision, so this still takes 8 bytes and
+    // narrows them to single precision, as these archives were read.
+    float narrow = 0.0f;
+    if (Bedrock::readKeeping(stream, narrow))
+        m_value = narrow;
 }
 
 int CFloatField::readFromString(const CString& text)

@@ -1,16 +1,14 @@
 #include "cintfield.h"
 
-#include "mydatastream.h"
+#include "fields_p.h"
 
 CIntField::CIntField(int value, ENUMTYPE_FIELD_ATTR attr)
-    : CField(0, false, ARCHIVE_VERSION_FIRST, ARCHIVE_VERSION_NO_END, attr, 0)
-    , m_value(value)
+    : CIntField(0, value, attr, 0, ARCHIVE_VERSION_FIRST)
 {
 }
 
 CIntField::CIntField(int id, int value, ENUMTYPE_FIELD_ATTR attr)
-    : CField(id, false, ARCHIVE_VERSION_FIRST, ARCHIVE_VERSION_NO_END, attr, 0)
-    , m_value(value)
+    : CIntField(id, value, attr, 0, ARCHIVE_VERSION_FIRST)
 {
 }
 
@@ -34,17 +32,8 @@ CIntField& CIntField::operator=(int value)
 
 void CIntField::Serialize(unsigned int version, MyDataStream& stream)
 {
-    if (!isInVersion(version))
-        return;
-    if (stream.IsStoring()) {
-        stream << qint32(m_value);
-    } else {
-        qint32 value = 0;
-        stream >> value;
-        // A cut archive leaves the field as it was.
-        if (stream.status() == QDataStream::Ok)
-            m_value = value;
-    }
+    if (isInVersion(version))
+        Bedrock::serializeInt32(stream, m_value);
 }
 
 int CIntField::readFromString(const CString& text)

@@ -17,12 +17,11 @@ constexpr qint64 SequentialChunk = 1 << 20;
 
 } // namespace
 
-// The array always has one byte beyond the capacity: the growth rule lets a
-// block fill capacity + 1 bytes before it grows.
 CMemoryBlock::CMemoryBlock()
-    : m_data(new char[BlockSize + 1])
+    : m_data(nullptr)
     , m_capacity(BlockSize)
     , m_size(0)
+    , m_allocated(0)
 {
 }
 
@@ -36,22 +35,36 @@ void CMemoryBlock::Init()
     m_size = 0;
 }
 
-bool CMemoryBlock::ensureRoom(qint64 need)
+// The capacity follows the stated growth rule; the array behind it grows
+// geometrically as content arrives and never beyond capacity + 1 bytes. The
+// extra byte is needed: the rule lets a block hold capacity + 1 bytes before it grows.
+bool CMemoryBlock::reserveBytes(qint64 bytes)
 {
-    if (need <= qint64(m_capacity) + 1)
+    if (bytes <= m_allocated)
         return true;
-    const qint64 missing = need - m_capacity;
-    const qint64 steps = std::max<qint64>(1, (missing + BlockSize - 1) / BlockSize);
-    const qint64 newCapacity = m_capacity + steps * BlockSize;
-    if (newCapacity >= INT_MAX)
-        return false;
-    char* grown = new char[newCapacity + 1];
+    const qint64 limit = qint64(m_capacity) + 1;
+    qint64 grownTo = std::max<qint64>({ bytes, m_allocated * 2, 4096 });
+    grownTo = std::min(grownTo, std::max(limit, bytes));
+    char* grown = new char[size_t(grownTo)];
     if (m_size > 0)
         std::memcpy(grown, m_data, size_t(m_size));
     delete[] m_data;
     m_data = grown;
-    m_capacity = int(newCapacity);
+    m_allocated = grownTo;
     return true;
+}
+
+bool CMemoryBlock::ensureRoom(qint64 need)
+{
+    if (need > qint64(m_capacity) + 1) {
+        const qint64 missing = need - m_capacity;
+        const qint64 steps = std::max<qint64>(1, (missing + BlockSize - 1) / BlockSize);
+        const qint64 newCapacity = m_capacity + steps * BlockSize;
+        if (newCapacity >= INT_MAX)
+            return false;
+        m_capacity = int(newCapacity);
+    }
+    return reserveBytes(need);
 }
 
 void CMemoryBlock::Append(char const* data, int len)
@@ -59,7 +72,7 @@ void CMemoryBlock::Append(char const* data, int len)
     if (!data || len <= 0)
         return;
     // Bytes of the block itself stay readable across the growth below.
-    const bool own = data >= m_data && data < m_data + m_capacity + 1;
+    const bool own = m_data && data >= m_data && data < m_data + m_allocated;
     const qint64 ownOffset = own ? data - m_data : 0;
     if (!ensureRoom(qint64(m_size) + len))
         return;
@@ -77,7 +90,7 @@ void CMemoryBlock::Append(char const* s)
 
 void CMemoryBlock::AppendEnding0()
 {
-    if (m_size < m_capacity)
+    if (m_size < m_capacity && reserveBytes(qint64(m_size) + 1))
         m_data[m_size] = '\0';
 }
 
@@ -143,11 +156,9 @@ int CMemoryBlock::ReadFromReturnArchive(MyDataStream& s)
         // a hostile record cannot make us allocate more than the input justifies.
         const qint64 available = std::max<qint64>(0, device->bytesAvailable());
         const qint64 want = std::min<qint64>(announced, available);
-        if (want > m_capacity) {
-            delete[] m_data;
-            m_data = new char[want + 1];
+        if (want > m_capacity)
             m_capacity = int(want);
-        }
+        reserveBytes(want);
         const int got = want > 0 ? s.readRawData(m_data, int(want)) : 0;
         m_size = std::max(0, got);
         if (want < announced)
@@ -184,7 +195,8 @@ int CMemoryBlock::GetContent(int offset, char* dst, int len) const
     if (count < 1 || !dst)
         return int(count);
     const qint64 fromContent = std::min<qint64>(count, m_size);
-    std::memcpy(dst, m_data, size_t(fromContent));
+    if (fromContent > 0)
+        std::memcpy(dst, m_data, size_t(fromContent));
     if (count > fromContent)
         std::memset(dst + fromContent, 0, size_t(count - fromContent));
     return int(count);

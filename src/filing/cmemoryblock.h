@@ -9,9 +9,10 @@
 class MyDataStream;
 
 /*
- * A growable byte buffer. A new block reserves 819600 bytes at once, so
- * ordinary payloads never reallocate; growth is in steps of that size.
- * The block owns its bytes and is not copyable.
+ * A growable byte buffer. A new block has a capacity of 819600 bytes, and its
+ * capacity grows in steps of that size; the block owns its bytes and is not
+ * copyable. Memory is taken as the content needs it, up to the capacity, so a
+ * block that carries a short record costs no more than the record.
  */
 class LIBBEDROCK_EXPORT CMemoryBlock
 {
@@ -61,10 +62,12 @@ protected:
 
 private:
     bool ensureRoom(qint64 need);
+    bool reserveBytes(qint64 bytes);
 
     char* m_data;
     int m_capacity;
     int m_size;
+    qint64 m_allocated;
 };
 
 /*
