@@ -1,9 +1,17 @@
-// Sample application: builds fields of every kind, rounds them, writes their
-// record text, keeps it in an enciphered block in a return file, reads the file
-// back with the same key (and once with a wrong one) and prints what came back.
+// Sample application, the road of one amount so far:
+//  1. fields of every kind, assigned and rounded, and their record text kept in
+//     an enciphered block in a return file, read back with the same key (and
+//     once with a wrong one);
+//  2. a form of our own saved into the return file, loaded into a fresh form,
+//     read through an old field name, rolled over into the next year, compared
+//     for refiling, and written as print XML.
 //
 //   bedrock-sample [return-file [key]]
+#include "sampleform.h"
+
 #include <LibBedrock.h>
+
+#include <QBuffer>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -26,6 +34,115 @@ void show(const char* label, CField& field)
     CString text;
     field.toString(text);
     out() << QStringLiteral("  %1 = %2").arg(QString::fromLatin1(label), -22).arg(text) << '\n';
+}
+
+
+void showForm(const char* title, SampleForm& form)
+{
+    out() << title << '\n';
+    for (CField* field : form.m_fields) {
+        CString text;
+        field->toString(text);
+        out() << QStringLiteral("  %1 = %2").arg(QString::fromStdString(field->m_name), -22).arg(text)
+              << '\n';
+    }
+    CString total;
+    form.ws5000.fld_total.toString(total);
+    out() << "  worksheet 5000 total    = " << total << '\n';
+}
+
+// Last year's form knew the employer as "fld_Company".
+class LegacyForm : public CTaxData_Form
+{
+public:
+    LegacyForm()
+        : CTaxData_Form(ENUM_FORM_T1)
+    {
+        m_fields.push_back(&fld_Company);
+        fld_Company.m_name = "fld_Company";
+    }
+    CStringField fld_Company { 0, "Northern Widgets Ltd.", 60, 0x10000 };
+};
+
+bool sampleForm(const QString& path, const CString& key)
+{
+    constexpr unsigned int version = 0x101F4;
+    SampleForm form;
+    form.fld_TaxYear = LIBBEDROCK_TAX_YEAR;
+    form.fld_Name.m_text.LoadString("Renée Tremblay");
+    form.fld_10100 = 52345.675;
+    form.fld_MyPercent = 33.333333;
+    form.fld_Resident = 1;
+    form.fld_BirthDate = QDate(1961, 2, 28);
+    form.fld_EntryDate = QDate(2025, 3, 1);
+    form.fld_Employer.m_text = "Maple & Sons";
+    form.ws5000.fld_1 = 1200.10;
+    form.ws5000.fld_2 = 345.555;
+    form.ws5000.Calculate();
+    out() << '\n';
+    showForm("A form of our own, filled:", form);
+
+    // Save it into the return file, after the block written above.
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::Append))
+            return false;
+        MyDataStream stream(&file);
+        form.Serialize(version, key, stream);
+        LegacyForm legacy;
+        legacy.Serialize(version, key, stream);
+    }
+
+    // Load it into a fresh form, and the legacy record through the old name.
+    SampleForm loaded;
+    SampleForm fromLegacy;
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            return false;
+        MyDataStream stream(&file);
+        CT1EncryptedMemoryBlock skipped(key);
+        skipped.ReadFromReturnArchive(stream);
+        loaded.Serialize(version, key, stream);
+        fromLegacy.Serialize(version, key, stream);
+    }
+    out() << '\n';
+    showForm("Loaded into a fresh form from the return file:", loaded);
+    const bool same = !(loaded != form);
+    out() << "  every saved value came back: " << (same ? "yes" : "NO") << '\n';
+    out() << "  employer read through its old name: " << fromLegacy.fld_Employer.m_text << '\n';
+
+    // Next year's return starts from this one.
+    SampleForm nextYear;
+    nextYear = loaded;
+    nextYear.ChangeToNewYearData(false);
+    out() << '\n';
+    showForm("Rolled over into the next year:", nextYear);
+
+    // A changed version for refiling: only line codes whose values differ are listed.
+    SampleForm amended;
+    amended = loaded;
+    amended.fld_10100 = 53000.00;
+    amended.fld_Name.m_text.LoadString("RENÉE TREMBLAY"); // letter case alone is no change
+    amended.fld_Resident = 0;
+    std::map<int, _ReFileFieldCompareStru> differences;
+    loaded.ReFileCompareFields(&amended, differences);
+    out() << "\nRefile differences between the saved and the amended form:\n";
+    for (const auto& entry : differences) {
+        CString before, after;
+        entry.second.m_pField->toString(before);
+        entry.second.m_pOtherField->toString(after);
+        out() << "  line " << entry.first << ": " << before << " -> " << after << '\n';
+    }
+
+    // The print XML of the loaded form.
+    QBuffer print;
+    print.open(QIODevice::WriteOnly);
+    MyDataStream printStream(&print);
+    loaded.SerializeXml("T1", ENUM_FORM_T1, printStream);
+    out() << "\nPrint XML:\n" << QString::fromUtf8(print.data()) << '\n';
+    out().flush();
+    return same && fromLegacy.fld_Employer.m_text == CString("Northern Widgets Ltd.");
 }
 
 } // namespace
@@ -137,6 +254,5 @@ int main(int argc, char** argv)
         if (tryKey == key && !same)
             return 1;
     }
-    out().flush();
-    return 0;
+    return sampleForm(path, key) ? 0 : 1;
 }

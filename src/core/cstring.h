@@ -4,6 +4,7 @@
 #include "libbedrock_export.h"
 
 #include <QString>
+#include <QStringBuilder>
 
 #include <string>
 
@@ -72,6 +73,12 @@ public:
         __attribute__((format(printf, 1, 2)))
 #endif
         ;
+};
+
+// Lets CString take part in QStringBuilder concatenations (QT_USE_QSTRINGBUILDER).
+template <>
+struct QConcatenable<CString> : QConcatenable<QString> {
+    using type = CString;
 };
 
 // Byte-wise case-insensitive comparison; the difference of the first differing pair.

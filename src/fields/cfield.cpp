@@ -5,7 +5,7 @@
 #include "cfloatfield.h"
 #include "cintfield.h"
 #include "cstringfield.h"
-#include "mydatastream.h"
+#include "fields_p.h"
 
 #include <algorithm>
 
@@ -98,11 +98,7 @@ void Common_Serialize_Func(int version, MyDataStream& stream, std::vector<CField
     }
 }
 
-namespace {
-
-// Both vectors come from the same code, so the tag of `a` tells the class of
-// both; a mismatch is caught by the callers before any cast.
-bool fieldsDiffer(CField* a, CField* b)
+bool Bedrock::fieldValuesDiffer(CField* a, CField* b, bool withDateTime)
 {
     switch (a->getFieldType()) {
     case FIELD_TYPE_INT:
@@ -115,12 +111,15 @@ bool fieldsDiffer(CField* a, CField* b)
         return *static_cast<CFloatField*>(a) != *static_cast<CFloatField*>(b);
     case FIELD_TYPE_DATE:
         return static_cast<CDateField*>(a)->m_value != static_cast<CDateField*>(b)->m_value;
+    case FIELD_TYPE_DATETIME:
+        return withDateTime
+            && static_cast<CDateTimeField*>(a)->m_value != static_cast<CDateTimeField*>(b)->m_value;
     default:
         return false;
     }
 }
 
-void assignField(CField* from, CField* to)
+void Bedrock::assignFieldValue(CField* from, CField* to, bool withDateTime)
 {
     switch (from->getFieldType()) {
     case FIELD_TYPE_INT:
@@ -139,12 +138,44 @@ void assignField(CField* from, CField* to)
     case FIELD_TYPE_DATE:
         *static_cast<CDateField*>(to) = *static_cast<CDateField*>(from);
         break;
+    case FIELD_TYPE_DATETIME:
+        if (withDateTime)
+            static_cast<CDateTimeField*>(to)->m_value = static_cast<CDateTimeField*>(from)->m_value;
+        break;
     default:
         break;
     }
 }
 
-} // namespace
+void Bedrock::rollFieldToNewYear(CField* field, bool keepValues)
+{
+    const ENUMTYPE_FIELD_ATTR attr = field->m_attr;
+    switch (field->getFieldType()) {
+    case FIELD_TYPE_INT:
+        if (!keepValues && attr == FIELD_ATTR_INCREMENT_ON_ROLLOVER)
+            ++static_cast<CIntField*>(field)->m_value;
+        break;
+    case FIELD_TYPE_STRING:
+        // The one rule that keepValues does not stop.
+        if (attr == FIELD_ATTR_CLEAR_TEXT_ON_ROLLOVER)
+            static_cast<CStringField*>(field)->m_text.Empty();
+        break;
+    case FIELD_TYPE_FLOAT:
+        if (!keepValues && attr != FIELD_ATTR_KEEP_ON_ROLLOVER)
+            static_cast<CFloatField*>(field)->m_value = 0.0;
+        break;
+    case FIELD_TYPE_DATE:
+        if (keepValues)
+            break;
+        if (attr == FIELD_ATTR_ADVANCE_DATE_ON_ROLLOVER)
+            static_cast<CDateField*>(field)->set1YLater();
+        else if (attr == FIELD_ATTR_CLEAR_DATE_ON_ROLLOVER)
+            static_cast<CDateField*>(field)->setNull();
+        break;
+    default:
+        break;
+    }
+}
 
 bool Common_Func_OperatorNotEqual(std::vector<CField*>& a, std::vector<CField*>& b)
 {
@@ -158,7 +189,7 @@ bool Common_Func_OperatorNotEqual(std::vector<CField*>& a, std::vector<CField*>&
         // and casting across it would be undefined.
         if (fa->getFieldType() != fb->getFieldType())
             return true;
-        if (fieldsDiffer(fa, fb))
+        if (Bedrock::fieldValuesDiffer(fa, fb, false))
             return true;
     }
     return false;
@@ -172,6 +203,6 @@ void Common_Func_OperatorAssign(std::vector<CField*>& from, std::vector<CField*>
         CField* dst = to[i];
         if (!src || !dst || src->getFieldType() != dst->getFieldType())
             continue;
-        assignField(src, dst);
+        Bedrock::assignFieldValue(src, dst, false);
     }
 }
