@@ -6,6 +6,7 @@
 
 #include <climits>
 #include <cmath>
+#include <cstdio>
 #include <cstdint>
 #include <utility>
 
@@ -118,10 +119,17 @@ void FormatQDate(CString& out, QDate date, int code)
     case 19: format = "yyyy-MM-dd"; zero = "0000-00-00"; break;
     default: return;
     }
-    if (date.isValid())
-        out = date.toString(QString::fromLatin1(format));
-    else
+    if (!date.isValid()) {
         out = zero;
+    } else if (code == 18 && date.year() >= 1 && date.year() <= 9999) {
+        // The stored form of every date field: put together directly, as the
+        // framework would print it for a four-digit year.
+        char text[16];
+        std::snprintf(text, sizeof text, "%04d%02d%02d", date.year(), date.month(), date.day());
+        out = QString::fromLatin1(text, 8);
+    } else {
+        out = date.toString(QString::fromLatin1(format));
+    }
 }
 
 bool ReadQDate2(const CString& text, int code, QDate& date)

@@ -189,9 +189,11 @@ std::string CString::toStdStringUTF8(int n) const
 
 CString CString::sprintf2023(const char* format, ...)
 {
+    if (!format)
+        return CString();
     va_list ap;
     va_start(ap, format);
-    CString result(QString::vasprintf(format ? format : "", ap));
+    CString result(QString::vasprintf(format, ap));
     va_end(ap);
     return result;
 }

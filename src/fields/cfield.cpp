@@ -58,8 +58,39 @@ int CField::writeTemplate(const char* pattern, CString& out)
     toString(value);
     // Two passes, the name first: the value is never scanned for placeholders,
     // the name is (names hold no '%').
-    out = QString::fromLatin1(pattern).arg(QString::fromStdString(m_name)).arg(value);
+    out = Bedrock::fillTemplate(QLatin1String(pattern), { QString::fromStdString(m_name), value });
     return 0;
+}
+
+QString Bedrock::fillTemplate(QLatin1String pattern, std::initializer_list<QString> args)
+{
+    bool direct = true;
+    for (auto it = args.begin(); direct && it + 1 < args.end(); ++it)
+        direct = !it->contains(QLatin1Char('%'));
+    if (!direct) {
+        QString text = pattern;
+        for (const QString& arg : args)
+            text = text.arg(arg);
+        return text;
+    }
+    QString text;
+    qsizetype size = pattern.size();
+    for (const QString& arg : args)
+        size += arg.size();
+    text.reserve(size);
+    const char* p = pattern.data();
+    const char* const end = p + pattern.size();
+    const QString* const first = args.begin();
+    while (p < end) {
+        // A marker is '%' and the digit of one of the arguments.
+        if (*p == '%' && p + 1 < end && p[1] >= '1' && p[1] < char('1' + args.size())) {
+            text += first[p[1] - '1'];
+            p += 2;
+        } else {
+            text += QLatin1Char(*p++);
+        }
+    }
+    return text;
 }
 
 void Common_ClearData_Func(std::vector<CField*>* fields)

@@ -2,6 +2,7 @@
 
 #include "mydatastream_p.h"
 
+#include <charconv>
 #include <climits>
 #include <cmath>
 #include <cstdint>
@@ -113,6 +114,27 @@ void CFloatField::Serialize(unsigned int version, MyDataStream& stream)
 
 int CFloatField::readFromString(const CString& text)
 {
+    // Plain decimal text, as records hold it, is read without the framework's
+    // locale machinery; from_chars rounds the same way. Anything else (signs,
+    // blanks, words, out-of-range values) goes to the framework as before.
+    char digits[64];
+    size_t n = 0;
+    bool plain = !text.isEmpty() && text.size() < qsizetype(sizeof digits);
+    for (qsizetype i = 0; plain && i < text.size(); ++i) {
+        const char16_t c = text.at(i).unicode();
+        if (c == ',')
+            continue;
+        plain = (c >= '0' && c <= '9') || c == '.' || c == '-' || c == 'e' || c == 'E';
+        digits[n++] = char(c);
+    }
+    if (plain && n > 0) {
+        double value = 0.0;
+        const auto result = std::from_chars(digits, digits + n, value);
+        if (result.ec == std::errc() && result.ptr == digits + n) {
+            m_value = value;
+            return 0;
+        }
+    }
     QString number = text;
     number.remove(QLatin1Char(','));
     m_value = number.toDouble();
@@ -121,8 +143,19 @@ int CFloatField::readFromString(const CString& text)
 
 int CFloatField::toString(CString& out)
 {
-    out = QStringLiteral("%1").arg(m_value, 0, 'f', m_nDecimalsToSave < 0 ? 0 : m_nDecimalsToSave,
-                                   QLatin1Char('0'));
+    const int decimals = m_nDecimalsToSave < 0 ? 0 : m_nDecimalsToSave;
+    // Ordinary amounts are printed without the framework's locale machinery;
+    // both round the exact binary value, so the digits are the same.
+    if (decimals <= 17 && std::isfinite(m_value) && std::fabs(m_value) < 1e17) {
+        char text[64];
+        const auto result
+            = std::to_chars(text, text + sizeof text, m_value, std::chars_format::fixed, decimals);
+        if (result.ec == std::errc()) {
+            out = QString::fromLatin1(text, result.ptr - text);
+            return 0;
+        }
+    }
+    out = QString::number(m_value, 'f', decimals);
     return 0;
 }
 

@@ -58,10 +58,9 @@ int CIntField::writeToString(CString& out)
         return CField::writeToString(out);
     CString value;
     toString(value);
-    out = QStringLiteral("<f n=\"%1\" p=\"%2\">%3</f>")
-              .arg(QString::fromStdString(m_name))
-              .arg(QString::fromStdString(m_printName))
-              .arg(value);
+    out = Bedrock::fillTemplate(QLatin1String("<f n=\"%1\" p=\"%2\">%3</f>"),
+                                { QString::fromStdString(m_name),
+                                  QString::fromStdString(m_printName), value });
     return 0;
 }
 

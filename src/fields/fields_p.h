@@ -3,6 +3,10 @@
 
 #include "mydatastream_p.h"
 
+#include <QString>
+
+#include <initializer_list>
+
 class CField;
 
 namespace Bedrock {
@@ -15,6 +19,14 @@ inline void serializeInt32(MyDataStream& stream, int& value)
     else
         readKeeping(stream, value);
 }
+
+/*
+ * Fills a record template as successive QString::arg calls would, one marker
+ * per argument in order (%1, %2, %3). When no argument but the last holds a
+ * '%', no later pass can find a marker inside an earlier argument, so the
+ * text is put together directly; otherwise the arg passes run as they always did.
+ */
+QString fillTemplate(QLatin1String pattern, std::initializer_list<QString> args);
 
 // Pairwise value operations of field lists. Both fields carry the same type
 // tag (callers check); only the value moves or is compared, never names or

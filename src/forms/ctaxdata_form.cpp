@@ -7,10 +7,12 @@
 #include "fields_p.h"
 #include "logging_p.h"
 #include "mydatastream.h"
+#include "recordreader_p.h"
 #include "xmlguard.h"
 #include "xmlreaders.h"
 
 #include <cmath>
+#include <iterator>
 
 namespace {
 
@@ -188,11 +190,16 @@ void CTaxData_Form::Serialize(unsigned int version, const CString& key, MyDataSt
 
     if (loading) {
         block.ReadFromReturnArchive(stream);
-        TiXmlDocument document;
-        // An unparsable or hostile record leaves every value as it was.
-        if (block.GetContentSize() > 0
-            && parseXmlSafely(document, block.GetData(), size_t(block.GetContentSize())))
-            readXMLFieldsToStringMap(document.RootElement(), values);
+        const char* content = block.GetData();
+        const size_t size = size_t(block.GetContentSize());
+        // Records as this library writes them are read directly; anything else
+        // goes through the guarded XML parse, with the same result. An
+        // unparsable or hostile record leaves every value as it was.
+        if (size > 0 && !Bedrock::readFieldRecord(content, size, values)) {
+            TiXmlDocument document;
+            if (parseXmlSafely(document, content, size))
+                readXMLFieldsToStringMap(document.RootElement(), values);
+        }
     } else {
         block.Append("<m>");
     }
@@ -235,13 +242,17 @@ void CTaxData_Form::Serialize(unsigned int version, const CString& key, MyDataSt
             field->readFromString(found->second);
     }
 
-    for (CWSBaseData* worksheet : m_worksheets) {
+    for (auto it = m_worksheets.begin(); it != m_worksheets.end(); ++it) {
+        CWSBaseData* worksheet = *it;
         if (!worksheet)
             continue;
         if (stream.IsStoring()) {
             CString text;
             worksheet->writeToString(text);
             appendUtf8(block, text);
+        } else if (std::next(it) == m_worksheets.end()) {
+            // Each worksheet gets its own copy of the map; the last may have ours.
+            worksheet->readFromStringMap(std::move(values));
         } else {
             worksheet->readFromStringMap(values);
         }

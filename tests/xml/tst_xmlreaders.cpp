@@ -48,7 +48,7 @@ void tst_XmlReaders::readers_data()
         QTest::newRow(why) << got << expected;
     };
     row("AsInt: missing child gives the default", getElementSubEleStringAsInt(r, "none", 5), 5);
-    row("AsInt: malformed text gives 0, not the default", getElementSubEleStringAsInt(r, "n", 5), 0);
+    row("AsInt: malformed text gives 0, no default", getElementSubEleStringAsInt(r, "n", 5), 0);
     row("AsInt: empty text gives the default", getElementSubEleStringAsInt(r, "void", 5), 5);
     row("AsBool: TRUE in any letter case", getElementSubEleStringAsBool(r, "t", false), true);
     row("AsBool: yes is unknown: default", getElementSubEleStringAsBool(r, "y", false), false);
