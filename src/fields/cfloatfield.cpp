@@ -143,19 +143,9 @@ int CFloatField::readFromString(const CString& text)
 
 int CFloatField::toString(CString& out)
 {
-    const int decimals = m_nDecimalsToSave < 0 ? 0 : m_nDecimalsToSave;
-    // Ordinary amounts are printed without the framework's locale machinery;
-    // both round the exact binary value, so the digits are the same.
-    if (decimals <= 17 && std::isfinite(m_value) && std::fabs(m_value) < 1e17) {
-        char text[64];
-        const auto result
-            = std::to_chars(text, text + sizeof text, m_value, std::chars_format::fixed, decimals);
-        if (result.ec == std::errc()) {
-            out = QString::fromLatin1(text, result.ptr - text);
-            return 0;
-        }
-    }
-    out = QString::number(m_value, 'f', decimals);
+    // The framework's fixed notation rounds an exact binary tie away from zero
+    // (60486059.625 prints as 60486059.63); to_chars would round it to even.
+    out = QString::number(m_value, 'f', m_nDecimalsToSave < 0 ? 0 : m_nDecimalsToSave);
     return 0;
 }
 

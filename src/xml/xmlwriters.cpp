@@ -3,15 +3,9 @@
 #include "cfloatfield.h"
 
 #include <cmath>
-#include <cstdint>
 #include <limits>
 
 namespace {
-
-CString tagText(char const* tag)
-{
-    return CString(tag);
-}
 
 // Half away from zero, truncated into 64 bits. The rounding itself leaves NaN,
 // infinities and values past 64 bits alone, so the cast needs its own bounds.
@@ -39,9 +33,11 @@ void writeRaw(CString& out, char const* tag, QString const& text)
     writeXMLString(out, tag, CString(text), 0, 0);
 }
 
+// One marker at a time, as old output was made: markers inside the value are
+// reached by the last substitution.
 CString fillTemplate(char const* tag, CString const& value)
 {
-    const CString name = tagText(tag);
+    const CString name(tag);
     return CString(QStringLiteral("<%1>%2</%3>").arg(name).arg(value).arg(name));
 }
 
@@ -112,12 +108,12 @@ void xmlWriteTagForBool(FILE* file, char const* tag, bool value, bool skipIfFals
 
 void writeXMLOpenTagString(CString& out, char const* tag)
 {
-    out += QStringLiteral("<%1>\n").arg(tagText(tag));
+    out += QStringLiteral("<%1>\n").arg(CString(tag));
 }
 
 void writeXMLCloseTagString(CString& out, char const* tag)
 {
-    out += QStringLiteral("</%1>\n").arg(tagText(tag));
+    out += QStringLiteral("</%1>\n").arg(CString(tag));
 }
 
 void writeXMLString(CString& out, char const* tag, CString const& value, int maxLen, int flags)
@@ -128,7 +124,7 @@ void writeXMLString(CString& out, char const* tag, CString const& value, int max
     if (trimmed.IsEmpty())
         return;
     // The value goes in last, so markers inside it are never filled.
-    out += QStringLiteral("<%1>%2</%1>\n").arg(tagText(tag)).arg(converted);
+    out += QStringLiteral("<%1>%2</%1>\n").arg(CString(tag)).arg(converted);
 }
 
 void writeXMLString(CString& out, char const* tag, CString const& value, int maxLen)

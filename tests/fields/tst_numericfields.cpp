@@ -115,6 +115,9 @@ private Q_SLOTS:
         QTest::newRow("thousands separators dropped") << "1,234.56" << 1234.56 << 0;
         QTest::newRow("no clamping or rounding on read") << "-5.678" << -5.678 << 0;
         QTest::newRow("just past int is no integer") << "2147483648" << 2147483648.0 << 0;
+        QTest::newRow("exponent") << "1.5e3" << 1500.0 << 0;
+        QTest::newRow("leading plus") << "+12" << 12.0 << 12;
+        QTest::newRow("trailing letters are no number") << "12.5abc" << 0.0 << 0;
     }
     void readFromString()
     {
@@ -184,6 +187,8 @@ private Q_SLOTS:
         QTest::newRow("print name: three placeholders; NotUsed is saved")
             << "fld_NotUsed" << "Line 5" << "<f n=\"fld_NotUsed\" p=\"Line 5\">-42</f>";
         QTest::newRow("notused beats a print name; out untouched") << "notused" << "p" << "kept";
+        QTest::newRow("a marker in the name is read by the value's pass")
+            << "fld_%2" << "" << "<f n=\"fld_-42\">-42</f>";
     }
     void savedText()
     {
@@ -197,7 +202,19 @@ private Q_SLOTS:
         QCOMPARE(field.writeToString(archive), result);
         QCOMPARE(field.writeToXmlForPdf(pdf), result);
         QCOMPARE(QString(archive), saved);
-        QCOMPARE(QString(pdf), result ? saved : "<f><c>" + name + "</c><v>-42</v></f>");
+        QCOMPARE(QString(pdf),
+                 result ? saved : "<f><c>" + name.replace("%2", "-42") + "</c><v>-42</v></f>");
+    }
+
+    void printsExactTiesAwayFromZero()
+    {
+        CFloatField amount(60486059.625);
+        CString text;
+        amount.toString(text);
+        QCOMPARE(text, CString("60486059.63"));
+        amount.m_value = -0.125;
+        amount.toString(text);
+        QCOMPARE(text, CString("-0.13"));
     }
 
     void debugOutput()
