@@ -4,9 +4,13 @@
 //     once with a wrong one);
 //  2. a form of our own saved into the return file, loaded into a fresh form,
 //     read through an old field name, rolled over into the next year, compared
-//     for refiling, and written as print XML.
+//     for refiling, and written as print XML;
+//  3. a household: dependants and their medical expenses, a worksheet of each
+//     dependant kind computed for a chosen dependant, all saved with the return
+//     and read back.
 //
 //   bedrock-sample [return-file [key]]
+#include "household.h"
 #include "sampleform.h"
 
 #include <LibBedrock.h>
@@ -22,6 +26,10 @@
 #include <vector>
 
 namespace {
+
+// The archive version this build of the application writes. Dependant rows
+// keep their birth dates as text only from 0x10211 on.
+constexpr unsigned int ArchiveVersion = 0x10300;
 
 QTextStream& out()
 {
@@ -66,7 +74,7 @@ public:
 
 bool sampleForm(const QString& path, const CString& key)
 {
-    constexpr unsigned int version = 0x101F4;
+    constexpr unsigned int version = ArchiveVersion;
     SampleForm form;
     form.fld_TaxYear = LIBBEDROCK_TAX_YEAR;
     form.fld_Name.m_text.LoadString("Renée Tremblay");
@@ -143,6 +151,105 @@ bool sampleForm(const QString& path, const CString& key)
     out() << "\nPrint XML:\n" << QString::fromUtf8(print.data()) << '\n';
     out().flush();
     return same && fromLegacy.fld_Employer.m_text == CString("Northern Widgets Ltd.");
+}
+
+void showHousehold(const char* title, DependantInfoStruct& dependants, _MedExpInfoStruct& medical,
+                   HouseholdForm& form)
+{
+    out() << title << '\n';
+    for (int i = 0; i < dependants.m_nCount; ++i) {
+        CString line;
+        if (dependants.m_pData[i].MakeComboBoxString(line))
+            out() << "  " << (i + 1) << ". " << line << '\n';
+    }
+    CString amount;
+    for (int i = 0; i < medical.fld_nDepNum.m_value && i < dependants.m_nCount; ++i) {
+        medical.m_pData[i].fld_medexp.toString(amount);
+        out() << "  medical expenses of dependant " << (i + 1) << ": " << amount << '\n';
+    }
+    const auto show = [](const char* label, CFloatField& field) {
+        CString text;
+        field.toString(text);
+        out() << "  " << label << text << '\n';
+    };
+    show("eligible dependant amount (30400), dependant 1: ", form.dependantAmount.AmountClaim);
+    show("caregiver amount (58400), dependant 2:          ", form.caregiver.AmountClaim);
+    show("disability transfer (58480), dependant 3:       ", form.disabilityTransfer.fld_claim);
+    show("medical for other dependants (33199), dep. 3:   ", form.medical.AmountClaim);
+    out() << "  dependants under 18: " << dependants.GetDepNumberBetweenAges(0, 17)
+          << ", infirm or disabled 18 and over: " << dependants.GetInfirmDependantsNumberNotUnderAge(18)
+          << '\n';
+}
+
+bool sampleHousehold(const QString& path, const CString& key)
+{
+    constexpr unsigned int version = ArchiveVersion;
+    DependantInfoStruct dependants;
+    dependants.AllocData(3);
+    setDependant(dependants.m_pData[0], "L\xe9" "a", "Tremblay", QDate(2012, 5, 14), 1, 0.0, 0);
+    setDependant(dependants.m_pData[1], "Gaston", "Tremblay", QDate(1941, 11, 2), 2, 5200.0, 1);
+    setDependant(dependants.m_pData[2], "Marc", "Tremblay", QDate(2001, 8, 30), 8, 4120.0, 2);
+    _MedExpInfoStruct medical;
+    medical.AllocData(3);
+    medical.fld_medexp = 1250.00;
+    medical.m_pData[0].fld_medexp = 310.40;
+    medical.m_pData[2].fld_medexp = 4800.75;
+
+    HouseholdForm form;
+    form.SetDepInfo(&dependants);
+    form.setRates();
+    form.dependantAmount.DepIdx = 1;
+    form.caregiver.DepIdx = 2;
+    form.disabilityTransfer.DepIdx = 3;
+    form.disabilityTransfer.fld_4 = 2500.00;
+    form.medical.DepIdx = 3;
+    form.medical.fld_exp = medical.m_pData[2].fld_medexp.m_value;
+    form.calculateAll();
+    out() << '\n';
+    showHousehold("A household, computed:", dependants, medical, form);
+
+    // Saved with the return, after the forms.
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::Append))
+            return false;
+        MyDataStream stream(&file);
+        dependants.serilize(int(version), stream);
+        medical.serilize(int(version), stream);
+        form.Serialize(version, key, stream);
+    }
+
+    // Read back into fresh objects: the forms first, then the household.
+    DependantInfoStruct loadedDependants;
+    _MedExpInfoStruct loadedMedical;
+    HouseholdForm loadedForm;
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            return false;
+        MyDataStream stream(&file);
+        CT1EncryptedMemoryBlock skipped(key);
+        skipped.ReadFromReturnArchive(stream);
+        SampleForm formRecord, legacyRecord;
+        formRecord.Serialize(version, key, stream);
+        legacyRecord.Serialize(version, key, stream);
+        loadedDependants.serilize(int(version), stream);
+        loadedMedical.serilize(int(version), stream);
+        loadedForm.Serialize(version, key, stream);
+    }
+    loadedForm.SetDepInfo(&loadedDependants);
+    loadedForm.setRates();
+    loadedForm.calculateAll();
+    out() << '\n';
+    showHousehold("Read back from the return file and computed again:", loadedDependants,
+                  loadedMedical, loadedForm);
+    const bool same = loadedDependants == dependants && loadedMedical == medical
+        && !(loadedForm != form)
+        && loadedForm.caregiver.AmountClaim.m_value == form.caregiver.AmountClaim.m_value
+        && loadedForm.disabilityTransfer.fld_claim.m_value == form.disabilityTransfer.fld_claim.m_value;
+    out() << "  the household came back whole: " << (same ? "yes" : "NO") << '\n';
+    out().flush();
+    return same;
 }
 
 } // namespace
@@ -254,5 +361,7 @@ int main(int argc, char** argv)
         if (tryKey == key && !same)
             return 1;
     }
-    return sampleForm(path, key) ? 0 : 1;
+    if (!sampleForm(path, key))
+        return 1;
+    return sampleHousehold(path, key) ? 0 : 1;
 }

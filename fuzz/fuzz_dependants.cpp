@@ -1,0 +1,121 @@
+// Arbitrary bytes as a dependant list: the first byte picks the archive
+// version, the rest is loaded through a buffer and through a device that
+// hides its size; every query then runs over the rows and the list is stored again.
+#include "dependantinfo.h"
+#include "mydatastream.h"
+
+#include <QBuffer>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+
+namespace {
+
+constexpr int Versions[] = { 0x100b1, 0x100db, 0x101F4, 0x10210, 0x10211, 0x10300 };
+// Every row takes at least its fixed head on the stream.
+constexpr qint64 RowHeadBytes = 184;
+
+class SequentialSource : public QIODevice
+{
+public:
+    explicit SequentialSource(const QByteArray& bytes)
+        : m_bytes(bytes)
+    {
+        open(ReadOnly);
+    }
+    bool isSequential() const override { return true; }
+
+protected:
+    qint64 readData(char* data, qint64 max) override
+    {
+        const qint64 n = std::min<qint64>(max, m_bytes.size() - m_at);
+        std::memcpy(data, m_bytes.constData() + m_at, size_t(n));
+        m_at += n;
+        return n;
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+private:
+    QByteArray m_bytes;
+    qint64 m_at = 0;
+};
+
+void exercise(DependantInfoStruct& list, int version, qint64 inputSize)
+{
+    if (list.m_nCount < 0 || qint64(list.m_nCount) * RowHeadBytes > inputSize
+        || (list.m_nCount > 0 && !list.m_pData))
+        __builtin_trap();
+    CString text;
+    // A NaN or infinite income is never within the tolerance of anything, itself included.
+    bool comparable = true;
+    for (int i = 0; i < list.m_nCount; ++i) {
+        _OneDependantInfoStru& row = list.m_pData[i];
+        if (std::memchr(row.m_FirstName, 0, 80) == nullptr
+            || std::memchr(row.m_LastName, 0, 80) == nullptr)
+            __builtin_trap();
+        row.MakeComboBoxString(text);
+        row.getName(text);
+        text = CString(row.getInfirmStatusStr());
+        row.getAge();
+        row.IsDisabled();
+        row.IsInfirmOrDisabled();
+        row.IsMedExpForLine330();
+        list.GetDepNetIncConsideringF185(i);
+        comparable = comparable && std::isfinite(row.m_NetIncome);
+    }
+    for (int bound : { -1, 0, 17, 18, 65 }) {
+        list.GetInfirmDependantsNumberNotUnderAge(bound);
+        list.GetDisabledDependantsBetweenAges(bound, 18);
+        list.GetDepChildrenNumberBetweenAges(0, bound);
+        list.GetDepNumberBetweenAges(bound, bound);
+        list.GetDepChildrenNumberBetweenAges_Infirm(bound, 0, bound & 1);
+        list.GetDepNumberBetweenAgesAndRelation(0, 0, bound);
+        list.GetMonthsDepChildrenAtAge_Infirm(bound);
+        int index = bound;
+        list.ValidateAndCorrectDepIndex(index);
+    }
+    list.GetInfirmDependentNumberUnderAge18();
+    list.GetDepChildrenNumberForLine305();
+    list.GetDepOtherThanChildrenNumberForLine305();
+    int last = list.m_nCount;
+    list.ValidateAndCorrectDepIndex(last);
+
+    DependantInfoStruct copy;
+    copy = list;
+    if (comparable && !(copy == list))
+        __builtin_trap();
+    QByteArray out;
+    QBuffer sink(&out);
+    sink.open(QIODevice::WriteOnly);
+    MyDataStream stream(&sink);
+    list.serilize(version, stream);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    if (size < 1)
+        return 0;
+    const int version = Versions[data[0] % (sizeof Versions / sizeof Versions[0])];
+    const QByteArray bytes(reinterpret_cast<const char*>(data + 1), qsizetype(size - 1));
+    {
+        QBuffer buffer;
+        buffer.setData(bytes);
+        buffer.open(QIODevice::ReadOnly);
+        MyDataStream in(&buffer);
+        DependantInfoStruct list;
+        list.serilize(version, in);
+        exercise(list, version, bytes.size());
+    }
+    {
+        SequentialSource source(bytes);
+        MyDataStream in(&source);
+        DependantInfoStruct list;
+        list.serilize(version, in);
+        exercise(list, version, bytes.size());
+    }
+    return 0;
+}

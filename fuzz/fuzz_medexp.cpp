@@ -1,0 +1,91 @@
+// Arbitrary bytes as a medical expense record: the first byte picks the
+// archive version, the rest is loaded through a buffer and through a device
+// that hides its size; the record is then copied, compared, cleared and stored.
+#include "medexpinfo.h"
+#include "mydatastream.h"
+
+#include <QBuffer>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+namespace {
+
+constexpr int Versions[] = { 0x100d1, 0x100d2, 0x10185, 0x10300 };
+// A record without rows in the archive comes out with this many.
+constexpr int DefaultRows = 12;
+// The smallest row that an archive with rows holds: five amounts.
+constexpr qint64 MinRowBytes = 5 * 8;
+
+class SequentialSource : public QIODevice
+{
+public:
+    explicit SequentialSource(const QByteArray& bytes)
+        : m_bytes(bytes)
+    {
+        open(ReadOnly);
+    }
+    bool isSequential() const override { return true; }
+
+protected:
+    qint64 readData(char* data, qint64 max) override
+    {
+        const qint64 n = std::min<qint64>(max, m_bytes.size() - m_at);
+        std::memcpy(data, m_bytes.constData() + m_at, size_t(n));
+        m_at += n;
+        return n;
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+private:
+    QByteArray m_bytes;
+    qint64 m_at = 0;
+};
+
+void exercise(_MedExpInfoStruct& rec, int version, qint64 inputSize)
+{
+    const int count = rec.fld_nDepNum.m_value;
+    if (count < 0 || !rec.m_pData
+        || (count > DefaultRows && qint64(count) * MinRowBytes > inputSize))
+        __builtin_trap();
+    _MedExpInfoStruct copy(rec);
+    if (!(copy == rec) || !(rec == copy))
+        __builtin_trap();
+    copy.ClearData();
+    if (copy.fld_nDepNum.m_value != count)
+        __builtin_trap();
+    (void)(rec == copy);
+    QByteArray out;
+    QBuffer sink(&out);
+    sink.open(QIODevice::WriteOnly);
+    MyDataStream stream(&sink);
+    rec.serilize(version, stream);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    if (size < 1)
+        return 0;
+    const int version = Versions[data[0] % (sizeof Versions / sizeof Versions[0])];
+    const QByteArray bytes(reinterpret_cast<const char*>(data + 1), qsizetype(size - 1));
+    {
+        QBuffer buffer;
+        buffer.setData(bytes);
+        buffer.open(QIODevice::ReadOnly);
+        MyDataStream in(&buffer);
+        _MedExpInfoStruct rec;
+        rec.serilize(version, in);
+        exercise(rec, version, bytes.size());
+    }
+    {
+        SequentialSource source(bytes);
+        MyDataStream in(&source);
+        _MedExpInfoStruct rec;
+        rec.serilize(version, in);
+        exercise(rec, version, bytes.size());
+    }
+    return 0;
+}
