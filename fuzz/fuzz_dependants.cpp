@@ -3,6 +3,7 @@
 // hides its size; every query then runs over the rows and the list is stored again.
 #include "dependantinfo.h"
 #include "mydatastream.h"
+#include "sequentialsource.h"
 
 #include <QBuffer>
 
@@ -17,30 +18,6 @@ constexpr int Versions[] = { 0x100b1, 0x100db, 0x101F4, 0x10210, 0x10211, 0x1030
 // Every row takes at least its fixed head on the stream.
 constexpr qint64 RowHeadBytes = 184;
 
-class SequentialSource : public QIODevice
-{
-public:
-    explicit SequentialSource(const QByteArray& bytes)
-        : m_bytes(bytes)
-    {
-        open(ReadOnly);
-    }
-    bool isSequential() const override { return true; }
-
-protected:
-    qint64 readData(char* data, qint64 max) override
-    {
-        const qint64 n = std::min<qint64>(max, m_bytes.size() - m_at);
-        std::memcpy(data, m_bytes.constData() + m_at, size_t(n));
-        m_at += n;
-        return n;
-    }
-    qint64 writeData(const char*, qint64) override { return -1; }
-
-private:
-    QByteArray m_bytes;
-    qint64 m_at = 0;
-};
 
 void exercise(DependantInfoStruct& list, int version, qint64 inputSize)
 {

@@ -3,6 +3,7 @@
 // that hides its size; the record is then copied, compared, cleared and stored.
 #include "medexpinfo.h"
 #include "mydatastream.h"
+#include "sequentialsource.h"
 
 #include <QBuffer>
 
@@ -18,30 +19,6 @@ constexpr int DefaultRows = 12;
 // The smallest row that an archive with rows holds: five amounts.
 constexpr qint64 MinRowBytes = 5 * 8;
 
-class SequentialSource : public QIODevice
-{
-public:
-    explicit SequentialSource(const QByteArray& bytes)
-        : m_bytes(bytes)
-    {
-        open(ReadOnly);
-    }
-    bool isSequential() const override { return true; }
-
-protected:
-    qint64 readData(char* data, qint64 max) override
-    {
-        const qint64 n = std::min<qint64>(max, m_bytes.size() - m_at);
-        std::memcpy(data, m_bytes.constData() + m_at, size_t(n));
-        m_at += n;
-        return n;
-    }
-    qint64 writeData(const char*, qint64) override { return -1; }
-
-private:
-    QByteArray m_bytes;
-    qint64 m_at = 0;
-};
 
 void exercise(_MedExpInfoStruct& rec, int version, qint64 inputSize)
 {

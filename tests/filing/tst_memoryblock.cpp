@@ -1,20 +1,12 @@
 #include "cmemoryblock.h"
 #include "fixedbarcodeitem.h"
 #include "mydatastream.h"
+#include "sequentialsource.h"
 
 #include <QtTest>
 #include <malloc.h>
 
 namespace {
-
-// A pipe: it cannot tell how much is left, so a block must grow as bytes arrive.
-struct Pipe : QIODevice {
-    explicit Pipe(QByteArray* bytes) : source(bytes) { source.open(ReadOnly); open(ReadOnly); }
-    bool isSequential() const override { return true; }
-    qint64 readData(char* data, qint64 max) override { return source.read(data, max); }
-    qint64 writeData(const char*, qint64) override { return -1; }
-    QBuffer source;
-};
 
 // Bytes unlike their neighbours, so a copy from the wrong place shows.
 QByteArray pattern(int n) { return QByteArray("0123456789abcdefg").repeated(n / 17 + 1).left(n); }
@@ -126,8 +118,10 @@ private Q_SLOTS:
         QFETCH(QByteArray, bytes);
         QFETCH(QByteArray, loaded);
         QFETCH(int, maxCapacity);
-        Pipe device(&bytes);
-        MyDataStream in(pipe ? static_cast<QIODevice*>(&device) : &device.source);
+        SequentialSource pipeDevice(bytes); // cannot tell how much is left
+        QBuffer fileDevice(&bytes);
+        fileDevice.open(QIODevice::ReadOnly);
+        MyDataStream in(pipe ? static_cast<QIODevice*>(&pipeDevice) : &fileDevice);
         CMemoryBlock block;
         block.Append("stale content that a load replaces");
         QCOMPARE(block.ReadFromReturnArchive(in), int(loaded.size()));
