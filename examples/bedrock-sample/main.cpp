@@ -7,7 +7,9 @@
 //     for refiling, and written as print XML;
 //  3. a household: dependants and their medical expenses, a worksheet of each
 //     dependant kind computed for a chosen dependant, all saved with the return
-//     and read back.
+//     and read back;
+//  4. the identity numbers, names, addresses and postal codes of the taxpayer
+//     and dependants checked, with problems reported through validateAddr.
 //
 //   bedrock-sample [return-file [key]]
 #include "household.h"
@@ -252,6 +254,60 @@ bool sampleHousehold(const QString& path, const CString& key)
     return same;
 }
 
+// One person's identity and address as a form would hold them.
+struct Person {
+    const char* name;
+    const char* sin;
+    const char* streetNumber;
+    const char* streetName;
+    const char* city;
+    int province;
+    const char* postalCode;
+};
+
+bool sampleValidation()
+{
+    const Person people[] = {
+        { "Renée Tremblay", "046 454 286", "221", "Rue Sainte-Catherine", "Montréal",
+          ENUM_PROV_QC, "H2X 1Y4" },
+        { "Léa Tremblay", "046 454 287", "", "Rue Sainte-Catherine", "Montréal",
+          ENUM_PROV_QC, "H2X1Y4" },
+        { "Gaston Tremblay", "123 456 782", "12", "Main Street", "", ENUM_PROV_ON,
+          "K1A 0B1" },
+    };
+    out() << "\nIdentity and address checks:\n";
+    int problems = 0;
+    for (const Person& person : people) {
+        CString sin(person.sin);
+        sin.Remove(' ');
+        const QByteArray name = QString::fromUtf8(person.name).toLatin1();
+        const bool sinOk = CheckSIN(sin.toStdStringLatin1().c_str());
+        const bool nameOk = CheckName(name.constData());
+        CStringField number(0, person.streetNumber, 10, 0x10000);
+        CStringField street(0, person.streetName, 60, 0x10000);
+        CStringField city(0, QString::fromUtf8(person.city).toLatin1().constData(), 40, 0x10000);
+        CStringField postal(0, person.postalCode, 10, 0x10000);
+        CIntField province(0, person.province);
+        CIntField country(0, 1);
+        std::list<CString> messages;
+        long count = 0;
+        validateAddr(count, messages, number, street, city, province, country, postal,
+                     "Please enter the %s%s.", "");
+        const ENUMTYPE_PROVINCE fromPostal
+            = CPostCodeInfo::GetInstance()->ProvFromPostCode(person.postalCode);
+        out() << "  " << person.name << ": SIN " << (sinOk ? "valid" : "INVALID")
+              << ", name " << (nameOk ? "valid" : "INVALID") << ", postal code "
+              << person.postalCode << " is in " << Global_Provs_Info[fromPostal].shortName
+              << (fromPostal == person.province ? "" : " (not the province given)") << '\n';
+        for (const CString& message : messages)
+            out() << "    " << message << '\n';
+        problems += (sinOk ? 0 : 1) + (nameOk ? 0 : 1) + int(count);
+    }
+    out() << "  problems found: " << problems << '\n';
+    out().flush();
+    return problems == 3; // the SIN, the street and the city above
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -363,5 +419,7 @@ int main(int argc, char** argv)
     }
     if (!sampleForm(path, key))
         return 1;
-    return sampleHousehold(path, key) ? 0 : 1;
+    if (!sampleHousehold(path, key))
+        return 1;
+    return sampleValidation() ? 0 : 1;
 }
