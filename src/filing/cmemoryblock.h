@@ -53,6 +53,16 @@ public:
     // XORs the content with the key, repeated; the scrambling primitive of the archive.
     void XORWith(unsigned char const* key, int len);
 
+    // T1013 records: the field number right-aligned in three columns, the value,
+    // then "*"; the repeated form puts "+index" before the star. Nothing is
+    // escaped, so values must keep "*", "+" and "%<digit>" out. A char const*
+    // value is read as Latin-1; the record is appended as UTF-8.
+    void AppendT1013Field(int field, CString& value);
+    void AppendT1013Field(int field, char const* value);
+    void AppendT1013Field(int field, int value);
+    void AppendT1013FieldRecord(int field, int index, CString& value);
+    void AppendT1013FieldRecord(int field, int index, int value);
+
     int GetCapacity() const { return m_capacity; }
     const char* GetData() const { return m_data; }
 

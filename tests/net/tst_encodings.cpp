@@ -1,0 +1,172 @@
+#include "encodings.h"
+
+#include <QRandomGenerator>
+#include <QtTest>
+
+#include <climits>
+
+class tst_Encodings : public QObject
+{
+    Q_OBJECT
+private slots:
+    void rfcVectors_data();
+    void rfcVectors();
+    void randomRoundTrip();
+    void malformedBase64_data();
+    void malformedBase64();
+    void sizesAndNulls();
+    void urlEncodeCases_data();
+    void urlEncodeCases();
+    void urlDecodeCases_data();
+    void urlDecodeCases();
+};
+
+static const char guard = '\x5a';
+
+// Encodes into a buffer of exactly Base64encode_len bytes plus guard bytes
+// that must survive; then decodes the same way.
+static void checkRoundTrip(const QByteArray& data, const QByteArray& expected)
+{
+    const int len = Base64encode_len(data.size());
+    QByteArray enc(len + 8, guard);
+    QCOMPARE(Base64encode(enc.data(), data.constData(), data.size()), expected.size() + 1);
+    QCOMPARE(len, expected.size() + 1);
+    QCOMPARE(QByteArray(enc.constData()), expected);
+    QCOMPARE(enc.mid(len), QByteArray(8, guard));
+
+    const int dlen = Base64decode_len(expected.constData());
+    QVERIFY(dlen >= data.size() + 1);
+    QByteArray dec(dlen + 8, guard);
+    QCOMPARE(Base64decode(dec.data(), expected.constData()), data.size());
+    QCOMPARE(dec.left(data.size()), data);
+    QCOMPARE(dec.at(data.size()), '\0');
+    QCOMPARE(dec.mid(dlen), QByteArray(8, guard));
+}
+
+void tst_Encodings::rfcVectors_data()
+{
+    QTest::addColumn<QByteArray>("data");
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("empty") << QByteArray("") << QByteArray("");
+    QTest::newRow("one byte, two fillers") << QByteArray("f") << QByteArray("Zg==");
+    QTest::newRow("two bytes, one filler") << QByteArray("fo") << QByteArray("Zm8=");
+    QTest::newRow("three bytes, no filler") << QByteArray("foo") << QByteArray("Zm9v");
+    QTest::newRow("second group, one byte") << QByteArray("foob") << QByteArray("Zm9vYg==");
+    QTest::newRow("second group, two bytes") << QByteArray("fooba") << QByteArray("Zm9vYmE=");
+    QTest::newRow("two full groups") << QByteArray("foobar") << QByteArray("Zm9vYmFy");
+}
+
+void tst_Encodings::rfcVectors()
+{
+    QFETCH(QByteArray, data);
+    QFETCH(QByteArray, text);
+    checkRoundTrip(data, text);
+}
+
+void tst_Encodings::randomRoundTrip()
+{
+    QRandomGenerator rng(4648);
+    QList<int> lengths;
+    for (int n = 0; n <= 200; ++n)
+        lengths << n;
+    lengths << 4096 << 65537;
+    for (int n : lengths) {
+        QByteArray data(n, Qt::Uninitialized);
+        for (char& c : data)
+            c = char(rng.bounded(256));
+        checkRoundTrip(data, data.toBase64());
+    }
+}
+
+void tst_Encodings::malformedBase64_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("data");
+    QTest::newRow("filler ends the text") << QByteArray("Zm9v=Zm9v") << QByteArray("foo");
+    QTest::newRow("blank ends the text") << QByteArray("Zm9v YmFy") << QByteArray("foo");
+    QTest::newRow("url-safe alphabet is foreign") << QByteArray("Zm-9") << QByteArray("f");
+    QTest::newRow("high byte ends the text") << QByteArray("Zm9\xffv") << QByteArray("fo");
+    QTest::newRow("unpadded tail of two") << QByteArray("Zm9vYg") << QByteArray("foob");
+    QTest::newRow("lone last character gives nothing") << QByteArray("Zm9vY") << QByteArray("foo");
+    QTest::newRow("filler only") << QByteArray("====") << QByteArray("");
+}
+
+void tst_Encodings::malformedBase64()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QByteArray, data);
+    const int dlen = Base64decode_len(text.constData());
+    QVERIFY(dlen >= data.size() + 1);
+    QByteArray dec(dlen + 8, guard);
+    QCOMPARE(Base64decode(dec.data(), text.constData()), data.size());
+    QCOMPARE(QByteArray(dec.constData()), data);
+    QCOMPARE(dec.mid(dlen), QByteArray(8, guard));
+}
+
+void tst_Encodings::sizesAndNulls()
+{
+    QCOMPARE(Base64encode_len(3), 5);
+    QCOMPARE(Base64encode_len(-7), 1); // negative counts as empty
+    QCOMPARE(Base64encode_len(1610612733), 2147483645); // largest that fits
+    QCOMPARE(Base64encode_len(1610612734), 0); // would overflow int
+    QCOMPARE(Base64encode_len(INT_MAX), 0);
+
+    char out[8] = "xxxxxxx";
+    QCOMPARE(Base64encode(out, "abc", INT_MAX), 0); // refuses instead of overrunning
+    QCOMPARE(out[0], 'x');
+    QCOMPARE(Base64encode(nullptr, "abc", 3), 0);
+    QCOMPARE(Base64encode(out, nullptr, 3), 1);
+    QCOMPARE(out[0], '\0');
+    QCOMPARE(Base64decode_len(nullptr), 1);
+    out[0] = 'x';
+    QCOMPARE(Base64decode(out, nullptr), 0);
+    QCOMPARE(out[0], '\0');
+    QCOMPARE(Base64decode(nullptr, "Zm9v"), 0);
+}
+
+void tst_Encodings::urlEncodeCases_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("encoded");
+    QTest::newRow("empty") << QByteArray("") << QByteArray("");
+    QTest::newRow("unreserved pass") << QByteArray("Az09-._~") << QByteArray("Az09-._~");
+    QTest::newRow("blank is %20, never +") << QByteArray("a b") << QByteArray("a%20b");
+    QTest::newRow("plus is escaped") << QByteArray("+") << QByteArray("%2B");
+    QTest::newRow("line feed gets %0") << QByteArray("\n") << QByteArray("%0A");
+    QTest::newRow("form separators") << QByteArray("k=v&x") << QByteArray("k%3Dv%26x");
+    QTest::newRow("high byte printed as negative int") << QByteArray("\xe9") << QByteArray("%0FFFFFFE9");
+    QTest::newRow("stops at zero byte") << QByteArray("ab\0cd", 5) << QByteArray("ab");
+}
+
+void tst_Encodings::urlEncodeCases()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QByteArray, encoded);
+    QCOMPARE(QByteArray::fromStdString(urlEncode(text.toStdString())), encoded);
+}
+
+void tst_Encodings::urlDecodeCases_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("decoded");
+    QTest::newRow("empty") << QByteArray("") << QByteArray("");
+    QTest::newRow("plus is a blank") << QByteArray("a+b") << QByteArray("a b");
+    QTest::newRow("escapes") << QByteArray("%20%0A%2b%6a") << QByteArray(" \n+j");
+    QTest::newRow("escaped zero byte kept") << QByteArray("a%00b") << QByteArray("a\0b", 3);
+    // Not hex or cut short: the "%" stays literal rather than giving a random byte.
+    QTest::newRow("percent at end") << QByteArray("100%") << QByteArray("100%");
+    QTest::newRow("one digit at end") << QByteArray("%4") << QByteArray("%4");
+    QTest::newRow("non-hex pair") << QByteArray("%zz") << QByteArray("%zz");
+    QTest::newRow("second digit non-hex") << QByteArray("%4g") << QByteArray("%4g");
+    QTest::newRow("literal percent then escape") << QByteArray("%%41") << QByteArray("%A");
+}
+
+void tst_Encodings::urlDecodeCases()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QByteArray, decoded);
+    QCOMPARE(QByteArray::fromStdString(urlDecode(text.toStdString())), decoded);
+}
+
+QTEST_GUILESS_MAIN(tst_Encodings)
+#include "tst_encodings.moc"

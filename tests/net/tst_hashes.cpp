@@ -1,0 +1,155 @@
+#include "hashes.h"
+
+#include <QCryptographicHash>
+#include <QRandomGenerator>
+#include <QtTest>
+
+class tst_Hashes : public QObject
+{
+    Q_OBJECT
+private slots:
+    void fipsVectors_data();
+    void fipsVectors();
+    void midStreamHash_data();
+    void midStreamHash();
+    void randomPieces_data();
+    void randomPieces();
+    void rawDigestAndReuse();
+};
+
+// Feeds `repeat` copies of `input` one after another.
+template<typename Hash>
+static std::string digestOf(const QByteArray& input, int repeat)
+{
+    Hash h;
+    for (int i = 0; i < repeat; ++i)
+        h.add(input.constData(), input.size());
+    return h.getHash();
+}
+
+void tst_Hashes::fipsVectors_data()
+{
+    QTest::addColumn<QByteArray>("input");
+    QTest::addColumn<int>("repeat");
+    QTest::addColumn<QByteArray>("sha1");
+    QTest::addColumn<QByteArray>("sha256");
+
+    QTest::newRow("empty message, padding only") << QByteArray() << 1
+        << QByteArray("da39a3ee5e6b4b0d3255bfef95601890afd80709")
+        << QByteArray("e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
+    QTest::newRow("abc, one block") << QByteArray("abc") << 1
+        << QByteArray("a9993e364706816aba3e25717850c26c9cd0d89d")
+        << QByteArray("ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+    QTest::newRow("448 bits, length spills into a second block")
+        << QByteArray("abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq") << 1
+        << QByteArray("84983e441c3bd26ebaae4aa1f95129e5e54670f1")
+        << QByteArray("248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1");
+    QTest::newRow("a million a, many blocks") << QByteArray(1000, 'a') << 1000
+        << QByteArray("34aa973cd4c4daa4f61eeb2bdbad27316534016f")
+        << QByteArray("cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0");
+}
+
+void tst_Hashes::fipsVectors()
+{
+    QFETCH(QByteArray, input);
+    QFETCH(int, repeat);
+    QFETCH(QByteArray, sha1);
+    QFETCH(QByteArray, sha256);
+    QCOMPARE(QByteArray::fromStdString(digestOf<SHA1>(input, repeat)), sha1);
+    QCOMPARE(QByteArray::fromStdString(digestOf<SHA256>(input, repeat)), sha256);
+    if (repeat == 1) {
+        const std::string text = input.toStdString();
+        QCOMPARE(QByteArray::fromStdString(SHA1()(text)), sha1);
+        QCOMPARE(QByteArray::fromStdString(SHA256()(text)), sha256);
+    }
+}
+
+void tst_Hashes::midStreamHash_data()
+{
+    QTest::addColumn<int>("split");
+    QTest::newRow("nothing fed yet") << 0;
+    QTest::newRow("partial block, short tail") << 10;
+    QTest::newRow("partial block that pads into two blocks") << 60;
+    QTest::newRow("exactly one block") << 64;
+    QTest::newRow("block and a bit") << 130;
+}
+
+// A mid-stream getHash must match the digest of the prefix and leave the
+// running state, buffered bytes included, untouched for what follows.
+void tst_Hashes::midStreamHash()
+{
+    QFETCH(int, split);
+    QByteArray data(200, Qt::Uninitialized);
+    for (int i = 0; i < data.size(); ++i)
+        data[i] = char(i * 7 + 3);
+    const QByteArray head = data.left(split), tail = data.mid(split);
+
+    SHA1 s1;
+    SHA256 s256;
+    s1.add(head.constData(), head.size());
+    s256.add(head.constData(), head.size());
+    QCOMPARE(QByteArray::fromStdString(s1.getHash()),
+             QCryptographicHash::hash(head, QCryptographicHash::Sha1).toHex());
+    QCOMPARE(QByteArray::fromStdString(s256.getHash()),
+             QCryptographicHash::hash(head, QCryptographicHash::Sha256).toHex());
+    s1.add(tail.constData(), tail.size());
+    s256.add(tail.constData(), tail.size());
+    QCOMPARE(QByteArray::fromStdString(s1.getHash()),
+             QCryptographicHash::hash(data, QCryptographicHash::Sha1).toHex());
+    QCOMPARE(QByteArray::fromStdString(s256.getHash()),
+             QCryptographicHash::hash(data, QCryptographicHash::Sha256).toHex());
+}
+
+void tst_Hashes::randomPieces_data()
+{
+    QTest::addColumn<QList<int>>("lengths");
+    QList<int> small;
+    for (int n = 0; n <= 300; ++n)
+        small << n;
+    QTest::newRow("every length over the block edges") << small;
+    QTest::newRow("large inputs") << QList<int> { 4095, 65536, 1000003 };
+}
+
+void tst_Hashes::randomPieces()
+{
+    QFETCH(QList<int>, lengths);
+    QRandomGenerator rng(20251121);
+    for (int n : lengths) {
+        QByteArray data(n, Qt::Uninitialized);
+        for (char& c : data)
+            c = char(rng.bounded(256));
+        SHA1 s1;
+        SHA256 s256;
+        for (int pos = 0; pos < n;) {
+            const int piece = qMin(n - pos, int(rng.bounded(1, 150)));
+            s1.add(data.constData() + pos, piece);
+            s256.add(data.constData() + pos, piece);
+            pos += piece;
+        }
+        QCOMPARE(QByteArray::fromStdString(s1.getHash()),
+                 QCryptographicHash::hash(data, QCryptographicHash::Sha1).toHex());
+        QCOMPARE(QByteArray::fromStdString(s256.getHash()),
+                 QCryptographicHash::hash(data, QCryptographicHash::Sha256).toHex());
+    }
+}
+
+void tst_Hashes::rawDigestAndReuse()
+{
+    SHA256 h;
+    h.add("stale", 5);
+    // operator() starts over, so earlier input must not leak into it.
+    QCOMPARE(QByteArray::fromStdString(h("abc", 3)),
+             QCryptographicHash::hash("abc", QCryptographicHash::Sha256).toHex());
+    unsigned char raw[33];
+    raw[32] = 0x5a;
+    h.getHash(raw);
+    QCOMPARE(raw[32], 0x5a); // exactly 32 bytes written
+    QCOMPARE(QByteArray(reinterpret_cast<char*>(raw), 32),
+             QCryptographicHash::hash("abc", QCryptographicHash::Sha256));
+    SHA1 s;
+    s.add(nullptr, 10); // no data, nothing fed
+    QCOMPARE(s.getHash(), std::string("da39a3ee5e6b4b0d3255bfef95601890afd80709"));
+}
+
+QTEST_GUILESS_MAIN(tst_Hashes)
+#include "tst_hashes.moc"
