@@ -1,0 +1,180 @@
+#include "templateengine.h"
+
+#include "xmlguard.h"
+#include "xmlreaders.h"
+
+#include <QFile>
+#include <QLoggingCategory>
+#include <QTextStream>
+
+#include <tinyxml.h>
+
+namespace {
+
+// Template authors and older tools look for this line in the "default"
+// category, so it does not go to the library's own bedrock.* categories.
+Q_LOGGING_CATEGORY(lcTemplateDefault, "default", QtInfoMsg)
+
+using ValueMap = std::map<std::string, CString>;
+
+std::string toBytes(const CString& s, int flags)
+{
+    return (flags & 64) ? s.toStdStringUTF8(0) : s.toStdStringLatin1(0);
+}
+
+// Opens the template read-only; the caller owns the QFile.
+bool openTemplate(QFile& file, const QString& path)
+{
+    if (path.isEmpty())
+        return false;
+    file.setFileName(path);
+    return file.open(QIODevice::ReadOnly);
+}
+
+int processFile(std::string& out, QFile& file, const ValueMap& values, int flags)
+{
+    QTextStream in(&file);
+    in.setAutoDetectUnicode(false);
+    return processStringTemplatePartInString(out, in, values, flags);
+}
+
+} // namespace
+
+int processStringTemplatePartInString(CString& out, QTextStream& in, const ValueMap& values, int flags)
+{
+    static const QByteArray marker("$$(");
+    while (!in.atEnd()) {
+        const QString read = in.readLine();
+        const QByteArray line = read.toUtf8();
+
+        const qsizetype p = line.size() < 3 ? -1 : line.indexOf(marker);
+        if (p < 0) {
+            if (!read.trimmed().isEmpty()) {
+                out += read;
+                out += QLatin1Char('\n');
+            }
+            continue;
+        }
+
+        const qsizetype close = line.indexOf(')', p + 3);
+        if (close < 0)
+            return -101;
+
+        QByteArray key = line.mid(p + 3, close - p - 3);
+        // Older engines looped forever once they removed a space from a key;
+        // here the spaces simply go, and the key is read without them.
+        key.replace(' ', QByteArray());
+        if (key.isEmpty())
+            return -102;
+
+        const char first = key.front();
+        bool optional = false;
+        if (key.back() == '0') {
+            if (key.size() == 1)
+                return -103;
+            key.chop(1);
+            optional = true;
+        }
+
+        const auto found = values.find(std::string(key.constData(), size_t(key.size())));
+        if (found == values.end()) {
+            if (optional)
+                continue;
+            out += QString::fromUtf8(key);
+            qCInfo(lcTemplateDefault, "%s not defined in xmt", key.constData());
+            return -200;
+        }
+
+        // A "$" key holds text that is already XML, such as an earlier run's output.
+        const CString value = convertToXMLString(found->second, 0, first == '$' ? 0 : flags);
+        out += QString::fromUtf8(line.constData(), p);
+        out += value;
+        out += QString::fromUtf8(line.constData() + close + 1, line.size() - close - 1);
+        out += QLatin1Char('\n');
+    }
+    return 0;
+}
+
+int processStringTemplatePartInString(std::string& out, QTextStream& in, const ValueMap& values, int flags)
+{
+    CString made;
+    const int rc = processStringTemplatePartInString(made, in, values, flags);
+    out += toBytes(made, flags);
+    return rc;
+}
+
+int processStringTemplatePartInString(CString& out, const CString& text, const ValueMap& values, int flags)
+{
+    QString source = text;
+    QTextStream in(&source, QIODevice::ReadOnly);
+    in.setAutoDetectUnicode(false);
+    return processStringTemplatePartInString(out, in, values, flags);
+}
+
+int processStringTemplatePartInString(std::string& out, const CString& text, const ValueMap& values, int flags)
+{
+    CString made;
+    const int rc = processStringTemplatePartInString(made, text, values, flags);
+    out += toBytes(made, flags);
+    return rc;
+}
+
+int processTemplatePartInString(CString& out, const CString& path, const ValueMap& values, int flags)
+{
+    QFile file;
+    if (!openTemplate(file, path))
+        return 0;
+    QTextStream in(&file);
+    in.setAutoDetectUnicode(false);
+    return processStringTemplatePartInString(out, in, values, flags);
+}
+
+int processTemplatePartInString(std::string& out, const CString& path, const ValueMap& values, int flags)
+{
+    QFile file;
+    if (!openTemplate(file, path))
+        return 0;
+    return processFile(out, file, values, flags);
+}
+
+int processTemplatePart(std::string& out, char const* path, const ValueMap& values, int flags)
+{
+    QFile file;
+    if (!path || !openTemplate(file, QFile::decodeName(path)))
+        return -1;
+    return processFile(out, file, values, flags);
+}
+
+int processTemplatePart(FILE* f, char const* path, const ValueMap& values, int flags)
+{
+    QFile file;
+    if (!path || !openTemplate(file, QFile::decodeName(path)))
+        return -1;
+    std::string made;
+    const int rc = processFile(made, file, values, flags);
+    if (f)
+        std::fputs(made.c_str(), f);
+    return rc;
+}
+
+int parseXMLFilePartIntoMap(std::string const& xmlText, ValueMap& parts)
+{
+    TiXmlDocument doc;
+    if (!parseXmlSafely(doc, xmlText.data(), xmlText.size()))
+        return 130;
+    TiXmlElement* root = doc.FirstChildElement();
+    if (!root)
+        return 0;
+
+    TiXmlElement* e = MyTiXmlHandle(root).FirstChildElement("filepart").ToElement();
+    for (; e; e = e->NextSiblingElement("filepart")) {
+        const char* name = e->Attribute("name");
+        const char* text = e->GetText();
+        // Producers always give both; an element missing either (an empty
+        // element has no text) is skipped rather than read through a null.
+        if (!name || !text)
+            continue;
+        parts[name] = CString(QString::fromUtf8(text));
+    }
+    return 0;
+}
