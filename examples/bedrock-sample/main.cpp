@@ -9,7 +9,10 @@
 //     dependant kind computed for a chosen dependant, all saved with the return
 //     and read back;
 //  4. the identity numbers, names, addresses and postal codes of the taxpayer
-//     and dependants checked, with problems reported through validateAddr.
+//     and dependants checked, with problems reported through validateAddr;
+//  5. filing: the form's NETFILE line records, an XML filing skeleton filled
+//     through the template engine from a container of file parts, a T1013
+//     record block and a barcode block, each written to a file.
 //
 //   bedrock-sample [return-file [key]]
 #include "household.h"
@@ -22,6 +25,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTextStream>
 
 #include <memory>
@@ -308,6 +312,88 @@ bool sampleValidation()
     return problems == 3; // the SIN, the street and the city above
 }
 
+// The filing skeleton: a container of file parts, one run of the engine per part.
+const char* const FilingParts = R"xml(<parts>
+<filepart name="header"><![CDATA[<Return>
+<Taxpayer>$$(name)</Taxpayer>
+<SIN>$$(sin)</SIN>
+<Province>$$(prov0)</Province>
+]]></filepart>
+<filepart name="lines"><![CDATA[<Lines count="$$(count)">
+$$($records)
+</Lines>
+]]></filepart>
+<filepart name="footer"><![CDATA[</Return>
+]]></filepart>
+</parts>)xml";
+
+bool sampleFiling(const QString& directory)
+{
+    SampleForm form;
+    form.fld_Name.m_text.LoadString("Renée Tremblay");
+    form.fld_10100 = 52345.675;
+    form.fld_Employer.m_text = "Maple & Sons";
+
+    // The line records of the form.
+    CString records;
+    int count = 0;
+    std::map<int, NetfileValueRecord> values;
+    NetfileGenObjParamStru params;
+    params.m_pOutput = &records;
+    params.m_pCount = &count;
+    params.m_pValues = &values;
+    NETFILE_DOLLAR_FIELD_Func(0, form.fld_10100, params);
+    NETFILE_STRING_Func(600, 30, form.fld_Employer.m_text, params);
+
+    // The skeleton, filled part by part.
+    std::map<std::string, CString> parts;
+    if (parseXMLFilePartIntoMap(FilingParts, parts) != 0)
+        return false;
+    std::map<std::string, CString> fill {
+        { "name", form.fld_Name.m_text }, { "sin", CString("046454286") },
+        { "count", CString(QString::number(count)) }, { "$records", records } };
+    CString filing;
+    for (const char* part : { "header", "lines", "footer" }) {
+        if (processStringTemplatePartInString(filing, parts[part], fill, 4) != 0)
+            return false;
+    }
+    const QString filingPath = QDir(directory).filePath(QStringLiteral("bedrock-sample-netfile.xml"));
+    QFile filingFile(filingPath);
+    if (!filingFile.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    filingFile.write(filing.toUtf8());
+
+    // A T1013 authorization record block and a T1 barcode block.
+    CMemoryBlock t1013;
+    t1013.AppendT1013Field(1, "046454286");
+    t1013.AppendT1013Field(2, form.fld_Name.m_text);
+    t1013.AppendT1013FieldRecord(3, 1, 2025);
+    CMemoryBlock barcode;
+    List_FixedBarcodeItem items;
+    FixedBarcodeItem sin(&items, 9, "046454286");
+    FixedBarcodeItem income(&items, 10);
+    income.SetValueLeftPadding(QByteArray::number(form.fld_10100.getIntVal(true)).constData(), '0');
+    items.OutputToMemoryBlock(barcode);
+    const QString blocksPath = QDir(directory).filePath(QStringLiteral("bedrock-sample-blocks.bin"));
+    QFile blocksFile(blocksPath);
+    if (!blocksFile.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    MyDataStream blocks(&blocksFile);
+    t1013.WriteToT1013Archive(blocks);
+    barcode.WriteToT1BarcodeArchive(blocks);
+
+    out() << "\nFiling:\n  " << count << " NETFILE line records, in the filled skeleton at "
+          << filingPath << ":\n" << filing;
+    CString t1013Text;
+    t1013.GetContent(t1013Text);
+    out() << "  T1013 record block (" << t1013.GetContentSize() << " bytes): " << t1013Text
+          << "\n  barcode block (" << barcode.GetContentSize() << " bytes): "
+          << QByteArray(barcode.GetData(), barcode.GetContentSize())
+          << "\n  both blocks written to " << blocksPath << '\n';
+    out().flush();
+    return count == 2;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -421,5 +507,7 @@ int main(int argc, char** argv)
         return 1;
     if (!sampleHousehold(path, key))
         return 1;
-    return sampleValidation() ? 0 : 1;
+    if (!sampleValidation())
+        return 1;
+    return sampleFiling(QFileInfo(path).absolutePath()) ? 0 : 1;
 }
