@@ -105,6 +105,41 @@ const std::uint32_t sha256K[64] = {
     0x748f82ee, 0x78a5636f, 0x84c87814, 0x8cc70208, 0x90befffa, 0xa4506ceb, 0xbef9a3f7, 0xc67178f2
 };
 
+/*
+ * What both digests do the same way around their block function: the digest
+ * read mid-stream (padding a copy of the state, which is put back so the
+ * stream carries on), its hex form, and the one-shot call.
+ */
+template<typename Finish>
+void digestMidStream(unsigned char* out, std::uint32_t* hash, int words, Finish finishBuffer)
+{
+    if (!out)
+        return;
+    std::uint32_t saved[8];
+    std::memcpy(saved, hash, sizeof(std::uint32_t) * size_t(words));
+    finishBuffer();
+    for (int i = 0; i < words; ++i)
+        storeBigEndian(out + 4 * i, hash[i]);
+    std::memcpy(hash, saved, sizeof(std::uint32_t) * size_t(words));
+}
+
+template<typename Digest>
+std::string hexDigest(Digest& digest)
+{
+    unsigned char raw[Digest::HashBytes];
+    digest.getHash(raw);
+    return toHex(raw, Digest::HashBytes);
+}
+
+template<typename Digest>
+std::string digestOf(Digest& digest, void const* data, unsigned long size)
+{
+    digest.reset();
+    digest.add(data, size);
+    return hexDigest(digest);
+}
+
+
 } // namespace
 
 // ---------------------------------------------------------------------------- SHA1
@@ -178,28 +213,17 @@ void SHA1::add(void const* data, unsigned long size)
 
 void SHA1::getHash(unsigned char* out)
 {
-    if (!out)
-        return;
-    std::uint32_t saved[HashBytes / 4];
-    std::memcpy(saved, m_hash, sizeof m_hash);
-    processBuffer();
-    for (int i = 0; i < HashBytes / 4; ++i)
-        storeBigEndian(out + 4 * i, m_hash[i]);
-    std::memcpy(m_hash, saved, sizeof m_hash);
+    digestMidStream(out, m_hash, HashBytes / 4, [this] { processBuffer(); });
 }
 
 std::string SHA1::getHash()
 {
-    unsigned char raw[HashBytes];
-    getHash(raw);
-    return toHex(raw, HashBytes);
+    return hexDigest(*this);
 }
 
 std::string SHA1::operator()(void const* data, unsigned long size)
 {
-    reset();
-    add(data, size);
-    return getHash();
+    return digestOf(*this, data, size);
 }
 
 std::string SHA1::operator()(std::string const& text)
@@ -282,28 +306,17 @@ void SHA256::add(void const* data, unsigned long size)
 
 void SHA256::getHash(unsigned char* out)
 {
-    if (!out)
-        return;
-    std::uint32_t saved[HashBytes / 4];
-    std::memcpy(saved, m_hash, sizeof m_hash);
-    processBuffer();
-    for (int i = 0; i < HashBytes / 4; ++i)
-        storeBigEndian(out + 4 * i, m_hash[i]);
-    std::memcpy(m_hash, saved, sizeof m_hash);
+    digestMidStream(out, m_hash, HashBytes / 4, [this] { processBuffer(); });
 }
 
 std::string SHA256::getHash()
 {
-    unsigned char raw[HashBytes];
-    getHash(raw);
-    return toHex(raw, HashBytes);
+    return hexDigest(*this);
 }
 
 std::string SHA256::operator()(void const* data, unsigned long size)
 {
-    reset();
-    add(data, size);
-    return getHash();
+    return digestOf(*this, data, size);
 }
 
 std::string SHA256::operator()(std::string const& text)
