@@ -104,11 +104,8 @@ int CWSInfirmDepAmtData::Calculate()
     const int index = notOnList ? NotOnListDepIdx : Bedrock::chosenDependant(*this);
     if (!notOnList)
         DepNetInc.m_value = Bedrock::dependantNetIncome(*this);
-    fld_3 = BaseAmount - DepNetInc;
-    clampNegative(fld_3);
     // Unlike CWSDepAmtData, a maximum of 0 is a maximum here.
-    if (fld_3.m_value > m_maxAmount)
-        fld_3.m_value = m_maxAmount;
+    Bedrock::setCappedRemainder(fld_3, BaseAmount, DepNetInc, m_maxAmount);
     fld_4.m_value = 0.0;
     if (index < 1) {
         AmountClaim.m_value = 0.0;
@@ -158,10 +155,7 @@ int CWSCaregiverAmtData::Calculate()
 {
     const int index = Bedrock::chosenDependant(*this);
     DepNetInc.m_value = Bedrock::dependantNetIncome(*this);
-    fld_3 = BaseAmount - DepNetInc;
-    clampNegative(fld_3);
-    if (fld_3.m_value > m_maxAmount)
-        fld_3.m_value = m_maxAmount;
+    Bedrock::setCappedRemainder(fld_3, BaseAmount, DepNetInc, m_maxAmount);
     fld_4.m_value = 0.0;
     if (index < 1) {
         AmountClaim.m_value = 0.0;

@@ -17,6 +17,18 @@ inline void clampNegative(CFloatField& field)
         field.m_value = 0.0;
 }
 
+// Line 3 of the infirm and caregiver worksheets: the base amount less the
+// dependant's income, set (rounded), clamped, then capped by the maximum,
+// which counts even at 0 there.
+inline void setCappedRemainder(CFloatField& line, const CFloatField& base,
+                               const CFloatField& income, double maximum)
+{
+    line = base - income;
+    clampNegative(line);
+    if (line.m_value > maximum)
+        line.m_value = maximum;
+}
+
 // Names each field and appends it to the worksheet's list, in the order given.
 inline void addFields(CWSBaseData* ws, std::initializer_list<std::pair<CField*, const char*>> fields)
 {
