@@ -1,7 +1,9 @@
 #include "dependantinfo.h"
 
+
 #include "calendar.h"
 #include "libbedrock_config.h"
+#include "household_p.h"
 #include "logging_p.h"
 #include "mydatastream_p.h"
 
@@ -413,24 +415,8 @@ void DependantInfoStruct::serilize(int version, MyDataStream& stream)
     if (count < 1) {
         FreeData();
     } else {
-        // The count is not trusted: rows are read while they arrive, memory is
-        // reserved only for as many as the device can still hold, and a cut
-        // archive keeps the complete rows read so far.
-        std::vector<std::unique_ptr<_OneDependantInfoStru>> rows;
-        if (!device->isSequential()) {
-            const qint64 fit = std::max<qint64>(0, device->bytesAvailable()) / minimumRowBytes(version);
-            rows.reserve(size_t(std::min<qint64>(count, fit)));
-        }
-        while (rows.size() < size_t(count)) {
-            auto row = std::make_unique<_OneDependantInfoStru>();
-            row->serilize(version, stream);
-            if (stream.status() != QDataStream::Ok)
-                break;
-            rows.push_back(std::move(row));
-        }
-        if (rows.size() < size_t(count))
-            qCInfo(lcBedrockArchive) << "dependant list announces" << count << "rows, holds"
-                                     << rows.size();
+        const auto rows = Bedrock::readAnnouncedRows<_OneDependantInfoStru>(
+            stream, version, count, minimumRowBytes(version), "dependant list");
         // Unlike the old loader, the previous rows are freed before the new
         // array replaces them.
         AllocData(int(rows.size()));

@@ -1,5 +1,7 @@
 #include "medexpinfo.h"
 
+
+#include "household_p.h"
 #include "logging_p.h"
 #include "mydatastream.h"
 
@@ -180,23 +182,8 @@ void _MedExpInfoStruct::serilize(int version, MyDataStream& stream)
             AllocData(count);
             return;
         }
-        // The count comes from the file: rows are read while they arrive,
-        // memory is reserved only for as many as the device can still hold,
-        // and a cut archive keeps the complete rows read so far.
-        std::vector<std::unique_ptr<_OneDepMedExpInfoStru>> rows;
-        QIODevice* device = stream.device();
-        if (device && !device->isSequential())
-            rows.reserve(size_t(std::min<qint64>(count, device->bytesAvailable() / bytes)));
-        while (device && stream.status() == QDataStream::Ok && rows.size() < size_t(count)) {
-            auto row = std::make_unique<_OneDepMedExpInfoStru>();
-            row->serilize(version, stream);
-            if (stream.status() != QDataStream::Ok)
-                break;
-            rows.push_back(std::move(row));
-        }
-        if (rows.size() < size_t(count))
-            qCInfo(lcBedrockArchive) << "medical record announces" << count << "rows, holds"
-                                     << rows.size();
+        const auto rows = Bedrock::readAnnouncedRows<_OneDepMedExpInfoStru>(
+            stream, version, count, bytes, "medical record");
         AllocData(int(rows.size()));
         for (int i = 0; i < rowCount(); ++i)
             m_pData[i] = *rows[size_t(i)];
