@@ -1,6 +1,5 @@
 #include "medexpinfo.h"
 
-
 #include "household_p.h"
 #include "logging_p.h"
 #include "mydatastream.h"
