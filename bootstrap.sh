@@ -14,7 +14,7 @@ jobs="$(nproc 2>/dev/null || echo 2)"
 
 packages=(cmake make g++ pkg-config qt6-base-dev qt6-base-dev-tools libgl-dev
           libtinyxml-dev libsodium-dev)
-[ "$what" = bench ] && packages+=(libbenchmark-dev)
+[ "$what" = bench ] && packages+=(libbenchmark-dev libssl-dev)
 
 missing=()
 for p in "${packages[@]}"; do

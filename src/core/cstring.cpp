@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cctype>
 #include <cstdarg>
 #include <cstring>
@@ -226,6 +227,15 @@ CString convertToXMLString(CString const& s, int maxLen, int flags)
         return CString();
     if (maxLen == 0 || n < maxLen)
         maxLen = n;
+
+    // Most values need no escaping: hand back the text itself, shared, not a copy.
+    const QChar* first = s.constData();
+    const QChar* end = first + maxLen;
+    if (std::find_if(first, end, [](QChar c) {
+            const char16_t u = c.unicode();
+            return u == '"' || u == '\'' || u == '&' || u == '<' || u == '>';
+        }) == end)
+        return maxLen == n ? s : CString(s.left(maxLen));
 
     QString out;
     out.reserve(maxLen + 16);

@@ -1,6 +1,8 @@
 #include "hashes.h"
+#include "sha256_p.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
 
 namespace {
@@ -42,8 +44,9 @@ std::string toHex(const unsigned char* bytes, int count)
 }
 
 /*
- * Appends data to a running block buffer and hands every full block to
- * process. Shared by both digests, which differ only in the block function.
+ * Appends data to a running block buffer and hands full blocks to process,
+ * as many at a time as the input holds. Shared by both digests, which differ
+ * only in the block function.
  */
 template<typename Process>
 void feed(const void* data, unsigned long size, std::uint8_t* buffer, std::size_t& bufferSize,
@@ -62,13 +65,14 @@ void feed(const void* data, unsigned long size, std::uint8_t* buffer, std::size_
         size -= take;
         if (bufferSize < 64)
             return;
-        process(buffer);
+        process(buffer, 1);
         bufferSize = 0;
     }
-    while (size >= 64) {
-        process(current);
-        current += 64;
-        size -= 64;
+    if (size >= 64) {
+        const std::size_t blocks = size / 64;
+        process(current, blocks);
+        current += blocks * 64;
+        size -= blocks * 64;
     }
     std::memcpy(buffer, current, size);
     bufferSize = size;
@@ -90,11 +94,12 @@ void finish(const std::uint8_t* buffer, std::size_t bufferSize, std::uint64_t nu
     std::uint8_t* length = tail + blocks * 64 - 8;
     storeBigEndian(length, std::uint32_t(bits >> 32));
     storeBigEndian(length + 4, std::uint32_t(bits));
-    for (std::size_t i = 0; i < blocks; ++i)
-        process(tail + i * 64);
+    process(tail, blocks);
 }
 
-const std::uint32_t sha256K[64] = {
+} // namespace
+
+const std::uint32_t Bedrock::sha256RoundConstants[64] = {
     0x428a2f98, 0x71374491, 0xb5c0fbcf, 0xe9b5dba5, 0x3956c25b, 0x59f111f1, 0x923f82a4, 0xab1c5ed5,
     0xd807aa98, 0x12835b01, 0x243185be, 0x550c7dc3, 0x72be5d74, 0x80deb1fe, 0x9bdc06a7, 0xc19bf174,
     0xe49b69c1, 0xefbe4786, 0x0fc19dc6, 0x240ca1cc, 0x2de92c6f, 0x4a7484aa, 0x5cb0a9dc, 0x76f988da,
@@ -104,6 +109,8 @@ const std::uint32_t sha256K[64] = {
     0x19a4c116, 0x1e376c08, 0x2748774c, 0x34b0bcb5, 0x391c0cb3, 0x4ed8aa4a, 0x5b9cca4f, 0x682e6ff3,
     0x748f82ee, 0x78a5636f, 0x84c87814, 0x8cc70208, 0x90befffa, 0xa4506ceb, 0xbef9a3f7, 0xc67178f2
 };
+
+namespace {
 
 /*
  * What both digests do the same way around their block function: the digest
@@ -140,7 +147,71 @@ std::string digestOf(Digest& digest, void const* data, unsigned long size)
 }
 
 
+Bedrock::Sha256Compress chooseCompress(bool shaExtensions)
+{
+    return shaExtensions && Bedrock::sha256CompressShaExtensions
+            && Bedrock::sha256ShaExtensionsAvailable()
+        ? Bedrock::sha256CompressShaExtensions
+        : Bedrock::sha256CompressPortable;
+}
+
+// The kernel every SHA256 object uses, picked once from what the CPU offers.
+std::atomic<Bedrock::Sha256Compress>& activeCompress()
+{
+    static std::atomic<Bedrock::Sha256Compress> active{chooseCompress(true)};
+    return active;
+}
+
 } // namespace
+
+void Bedrock::sha256CompressPortable(std::uint32_t state[8], const std::uint8_t* blocks,
+                                     std::size_t count)
+{
+    for (; count > 0; --count, blocks += 64) {
+        std::uint32_t w[64];
+        for (int i = 0; i < 16; ++i)
+            w[i] = loadBigEndian(blocks + 4 * i);
+        for (int i = 16; i < 64; ++i) {
+            const std::uint32_t s0 = rotr(w[i - 15], 7) ^ rotr(w[i - 15], 18) ^ (w[i - 15] >> 3);
+            const std::uint32_t s1 = rotr(w[i - 2], 17) ^ rotr(w[i - 2], 19) ^ (w[i - 2] >> 10);
+            w[i] = w[i - 16] + s0 + w[i - 7] + s1;
+        }
+
+        std::uint32_t a = state[0], b = state[1], c = state[2], d = state[3];
+        std::uint32_t e = state[4], f = state[5], g = state[6], h = state[7];
+        for (int i = 0; i < 64; ++i) {
+            const std::uint32_t s1 = rotr(e, 6) ^ rotr(e, 11) ^ rotr(e, 25);
+            const std::uint32_t ch = (e & f) ^ (~e & g);
+            const std::uint32_t t1 = h + s1 + ch + sha256RoundConstants[i] + w[i];
+            const std::uint32_t s0 = rotr(a, 2) ^ rotr(a, 13) ^ rotr(a, 22);
+            const std::uint32_t maj = (a & b) ^ (a & c) ^ (b & c);
+            const std::uint32_t t2 = s0 + maj;
+            h = g;
+            g = f;
+            f = e;
+            e = d + t1;
+            d = c;
+            c = b;
+            b = a;
+            a = t1 + t2;
+        }
+        state[0] += a;
+        state[1] += b;
+        state[2] += c;
+        state[3] += d;
+        state[4] += e;
+        state[5] += f;
+        state[6] += g;
+        state[7] += h;
+    }
+}
+
+bool Bedrock::sha256UseShaExtensions(bool use)
+{
+    const Sha256Compress chosen = chooseCompress(use);
+    activeCompress().store(chosen, std::memory_order_relaxed);
+    return chosen != sha256CompressPortable;
+}
 
 // ---------------------------------------------------------------------------- SHA1
 
@@ -202,13 +273,19 @@ void SHA1::processBlock(void const* data)
 
 void SHA1::processBuffer()
 {
-    finish(m_buffer, m_bufferSize, m_numBytes, [this](const std::uint8_t* b) { processBlock(b); });
+    finish(m_buffer, m_bufferSize, m_numBytes, [this](const std::uint8_t* b, std::size_t count) {
+        for (std::size_t i = 0; i < count; ++i)
+            processBlock(b + 64 * i);
+    });
 }
 
 void SHA1::add(void const* data, unsigned long size)
 {
     feed(data, size, m_buffer, m_bufferSize, m_numBytes,
-         [this](const std::uint8_t* b) { processBlock(b); });
+         [this](const std::uint8_t* b, std::size_t count) {
+             for (std::size_t i = 0; i < count; ++i)
+                 processBlock(b + 64 * i);
+         });
 }
 
 void SHA1::getHash(unsigned char* out)
@@ -255,53 +332,21 @@ void SHA256::reset()
 
 void SHA256::processBlock(void const* data)
 {
-    auto block = static_cast<const std::uint8_t*>(data);
-    std::uint32_t w[64];
-    for (int i = 0; i < 16; ++i)
-        w[i] = loadBigEndian(block + 4 * i);
-    for (int i = 16; i < 64; ++i) {
-        const std::uint32_t s0 = rotr(w[i - 15], 7) ^ rotr(w[i - 15], 18) ^ (w[i - 15] >> 3);
-        const std::uint32_t s1 = rotr(w[i - 2], 17) ^ rotr(w[i - 2], 19) ^ (w[i - 2] >> 10);
-        w[i] = w[i - 16] + s0 + w[i - 7] + s1;
-    }
-
-    std::uint32_t a = m_hash[0], b = m_hash[1], c = m_hash[2], d = m_hash[3];
-    std::uint32_t e = m_hash[4], f = m_hash[5], g = m_hash[6], h = m_hash[7];
-    for (int i = 0; i < 64; ++i) {
-        const std::uint32_t s1 = rotr(e, 6) ^ rotr(e, 11) ^ rotr(e, 25);
-        const std::uint32_t ch = (e & f) ^ (~e & g);
-        const std::uint32_t t1 = h + s1 + ch + sha256K[i] + w[i];
-        const std::uint32_t s0 = rotr(a, 2) ^ rotr(a, 13) ^ rotr(a, 22);
-        const std::uint32_t maj = (a & b) ^ (a & c) ^ (b & c);
-        const std::uint32_t t2 = s0 + maj;
-        h = g;
-        g = f;
-        f = e;
-        e = d + t1;
-        d = c;
-        c = b;
-        b = a;
-        a = t1 + t2;
-    }
-    m_hash[0] += a;
-    m_hash[1] += b;
-    m_hash[2] += c;
-    m_hash[3] += d;
-    m_hash[4] += e;
-    m_hash[5] += f;
-    m_hash[6] += g;
-    m_hash[7] += h;
+    activeCompress().load(std::memory_order_relaxed)(m_hash, static_cast<const std::uint8_t*>(data), 1);
 }
 
 void SHA256::processBuffer()
 {
-    finish(m_buffer, m_bufferSize, m_numBytes, [this](const std::uint8_t* b) { processBlock(b); });
+    const Bedrock::Sha256Compress compress = activeCompress().load(std::memory_order_relaxed);
+    finish(m_buffer, m_bufferSize, m_numBytes,
+           [this, compress](const std::uint8_t* b, std::size_t count) { compress(m_hash, b, count); });
 }
 
 void SHA256::add(void const* data, unsigned long size)
 {
+    const Bedrock::Sha256Compress compress = activeCompress().load(std::memory_order_relaxed);
     feed(data, size, m_buffer, m_bufferSize, m_numBytes,
-         [this](const std::uint8_t* b) { processBlock(b); });
+         [this, compress](const std::uint8_t* b, std::size_t count) { compress(m_hash, b, count); });
 }
 
 void SHA256::getHash(unsigned char* out)

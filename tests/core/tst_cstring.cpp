@@ -79,6 +79,8 @@ void tst_CString::rules_data()
     row("XML: without flag 4 or 8 neither escaped nor cut",
         convertToXMLString(CString("a<b"), 1, 2), "a<b");
     row("XML: negative length gives nothing", convertToXMLString(abc, -1), "");
+    row("XML: nothing to escape still cut", convertToXMLString(CString("plain"), 2), "pl");
+    row("XML: escape after the cut is not reached", convertToXMLString(CString("ab&"), 2), "ab");
 
     row("GetAt: unit 233 comes back negative", CString(QStringLiteral("\u00e9")).GetAt(0), -23);
     row("GetAt: unit 256 and above is 0", CString(QStringLiteral("\u0100")).GetAt(0), 0);

@@ -1,8 +1,12 @@
 #include "hashes.h"
+#include "sha256_p.h"
 
 #include <QCryptographicHash>
 #include <QRandomGenerator>
 #include <QtTest>
+
+#include <algorithm>
+#include <vector>
 
 class tst_Hashes : public QObject
 {
@@ -15,6 +19,11 @@ private slots:
     void randomPieces_data();
     void randomPieces();
     void rawDigestAndReuse();
+    void kernelsAgree_data();
+    void kernelsAgree();
+    void eachKernelThroughTheClass_data();
+    void eachKernelThroughTheClass();
+    void cleanup();
 };
 
 // Feeds `repeat` copies of `input` one after another.
@@ -149,6 +158,80 @@ void tst_Hashes::rawDigestAndReuse()
     SHA1 s;
     s.add(nullptr, 10); // no data, nothing fed
     QCOMPARE(s.getHash(), std::string("da39a3ee5e6b4b0d3255bfef95601890afd80709"));
+}
+
+void tst_Hashes::cleanup()
+{
+    Bedrock::sha256UseShaExtensions(true); // back to what the process picks by itself
+}
+
+void tst_Hashes::kernelsAgree_data()
+{
+    QTest::addColumn<int>("blocks");
+    for (int n : { 1, 2, 3, 5, 16, 257 })
+        QTest::addRow("%d blocks", n) << n;
+}
+
+// The two block functions side by side on the same state and blocks,
+// whole runs and block by block, with random starting states.
+void tst_Hashes::kernelsAgree()
+{
+    if (!Bedrock::sha256ShaExtensionsAvailable())
+        QSKIP("this processor has no SHA extensions");
+    QFETCH(int, blocks);
+    QRandomGenerator rng(quint32(blocks) * 7919);
+    for (int trial = 0; trial < 20; ++trial) {
+        std::vector<std::uint8_t> data(std::size_t(blocks) * 64);
+        for (auto& b : data)
+            b = std::uint8_t(rng.bounded(256));
+        std::uint32_t portable[8], extensions[8], single[8];
+        for (int i = 0; i < 8; ++i)
+            portable[i] = extensions[i] = single[i] = rng.generate();
+        Bedrock::sha256CompressPortable(portable, data.data(), std::size_t(blocks));
+        Bedrock::sha256CompressShaExtensions(extensions, data.data(), std::size_t(blocks));
+        for (int i = 0; i < blocks; ++i)
+            Bedrock::sha256CompressShaExtensions(single, data.data() + 64 * i, 1);
+        QVERIFY(std::equal(portable, portable + 8, extensions));
+        QVERIFY(std::equal(portable, portable + 8, single));
+    }
+}
+
+void tst_Hashes::eachKernelThroughTheClass_data()
+{
+    QTest::addColumn<bool>("shaExtensions");
+    QTest::newRow("portable") << false;
+    QTest::newRow("SHA extensions") << true;
+}
+
+// The published vectors and random pieces against Qt, with each kernel chosen.
+void tst_Hashes::eachKernelThroughTheClass()
+{
+    QFETCH(bool, shaExtensions);
+    if (shaExtensions && !Bedrock::sha256ShaExtensionsAvailable())
+        QSKIP("this processor has no SHA extensions");
+    QCOMPARE(Bedrock::sha256UseShaExtensions(shaExtensions), shaExtensions);
+
+    QCOMPARE(digestOf<SHA256>(QByteArray("abc"), 1),
+             std::string("ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"));
+    QCOMPARE(digestOf<SHA256>(QByteArray(1000, 'a'), 1000),
+             std::string("cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0"));
+
+    QRandomGenerator rng(4242);
+    for (int n : { 0, 55, 56, 63, 64, 65, 119, 128, 1000, 16384, 70001 }) {
+        QByteArray data(n, Qt::Uninitialized);
+        for (char& c : data)
+            c = char(rng.bounded(256));
+        SHA256 h;
+        for (int pos = 0; pos < n;) {
+            const int piece = qMin(n - pos, int(rng.bounded(1, 300)));
+            h.add(data.constData() + pos, piece);
+            pos += piece;
+            if (rng.bounded(4) == 0)
+                h.getHash(); // mid-stream reads must not disturb either kernel
+        }
+        QCOMPARE(QByteArray::fromStdString(h.getHash()),
+                 QCryptographicHash::hash(data, QCryptographicHash::Sha256).toHex());
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_Hashes)

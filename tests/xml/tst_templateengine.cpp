@@ -13,7 +13,7 @@ const ValueMap& sampleValues()
                                      { "$raw", CString("<x/>&") }, { "empty", CString() },
                                      { "multi", CString("a\n$$(name)") }, { "$", CString("dollar") },
                                      { "0", CString("zero") },     { "line1", CString("L1") },
-                                     { "acc", CString("\xe9") } };
+                                     { "acc", CString("\xe9") },    { "cl\xc3\xa9", CString("K") } };
     return values;
 }
 
@@ -66,6 +66,8 @@ void tst_TemplateEngine::process_data()
         << QString("x%1$$(name)").arg(QChar(0)) << 4 << 0 << QString("x%1Ann\n").arg(QChar(0)) << "";
     // A key with a space once made the engine loop forever; the spaces now just go.
     QTest::newRow("space in key removed, no hang") << "<n>$$( na me )</n>" << 4 << 0 << "<n>Ann</n>\n" << "";
+    QTest::newRow("non-ASCII key, spaces removed") << QString::fromUtf8("$$( cl\xc3\xa9 )") << 4 << 0
+                                                  << "K\n" << "";
     QTest::newRow("key of only spaces is empty") << "ok\n$$(  )" << 4 << -102 << "ok\n" << "";
     QTest::newRow("no closing paren, earlier lines kept") << "ok\nx $$(name\nlater" << 4 << -101 << "ok\n" << "";
     QTest::newRow("empty key") << "ok\n$$()" << 4 << -102 << "ok\n" << "";
