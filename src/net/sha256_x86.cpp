@@ -2,6 +2,7 @@
 
 #if defined(__x86_64__) || defined(__i386__)
 
+#include <cpuid.h>
 #include <immintrin.h>
 
 /*
@@ -89,11 +90,18 @@ BEDROCK_SHA_TARGET void compressShaExtensions(std::uint32_t state[8], const std:
 
 const Bedrock::Sha256Compress Bedrock::sha256CompressShaExtensions = compressShaExtensions;
 
+// Asked of CPUID directly: not every compiler knows "sha" as a feature name.
 bool Bedrock::sha256ShaExtensionsAvailable()
 {
-    __builtin_cpu_init();
-    return __builtin_cpu_supports("sha") && __builtin_cpu_supports("sse4.1")
-        && __builtin_cpu_supports("ssse3");
+    unsigned int eax = 0, ebx = 0, ecx = 0, edx = 0;
+    if (!__get_cpuid(1, &eax, &ebx, &ecx, &edx))
+        return false;
+    const bool ssse3 = ecx & (1u << 9);
+    const bool sse41 = ecx & (1u << 19);
+    if (!__get_cpuid_count(7, 0, &eax, &ebx, &ecx, &edx))
+        return false;
+    const bool sha = ebx & (1u << 29);
+    return sha && ssse3 && sse41;
 }
 
 #else

@@ -22,6 +22,37 @@ std::string toBytes(const CString& s, int flags)
     return (flags & 64) ? s.toStdStringUTF8(0) : s.toStdStringLatin1(0);
 }
 
+// Where "$$(" starts in the line, or -1.
+qsizetype findMarker(QStringView line)
+{
+    for (qsizetype from = 0;;) {
+        const qsizetype p = line.indexOf(u'$', from);
+        if (p < 0 || p + 2 >= line.size())
+            return -1;
+        if (line[p + 1] == u'$' && line[p + 2] == u'(')
+            return p;
+        from = p + 1;
+    }
+}
+
+// The key's UTF-8 bytes with every blank removed, written over `key`.
+void utf8KeyWithoutSpaces(QStringView text, std::string& key)
+{
+    key.clear();
+    for (const QChar c : text) {
+        if (c.unicode() >= 0x80) { // rare: let Qt encode, then drop the blanks
+            const QByteArray bytes = text.toUtf8();
+            key.clear();
+            for (const char b : bytes)
+                if (b != ' ')
+                    key += b;
+            return;
+        }
+        if (c != u' ')
+            key += char(c.unicode());
+    }
+}
+
 // Opens the template read-only; the caller owns the QFile.
 bool openTemplate(QFile& file, const QString& path)
 {
@@ -42,29 +73,30 @@ int processFile(std::string& out, QFile& file, const ValueMap& values, int flags
 
 int processStringTemplatePartInString(CString& out, QTextStream& in, const ValueMap& values, int flags)
 {
-    static const QByteArray marker("$$(");
+    // One line buffer and one key buffer serve the whole run.
+    QString line;
+    std::string key;
     while (!in.atEnd()) {
-        const QString read = in.readLine();
-        const QByteArray line = read.toUtf8();
+        in.readLineInto(&line);
+        const QStringView view(line);
 
-        const qsizetype p = line.size() < 3 ? -1 : line.indexOf(marker);
+        const qsizetype p = findMarker(view);
         if (p < 0) {
-            if (!read.trimmed().isEmpty()) {
-                out += read;
+            if (!view.trimmed().isEmpty()) {
+                out += view;
                 out += QLatin1Char('\n');
             }
             continue;
         }
 
-        const qsizetype close = line.indexOf(')', p + 3);
+        const qsizetype close = view.indexOf(u')', p + 3);
         if (close < 0)
             return -101;
 
-        QByteArray key = line.mid(p + 3, close - p - 3);
         // Older engines looped forever once they removed a space from a key;
         // here the spaces simply go, and the key is read without them.
-        key.replace(' ', QByteArray());
-        if (key.isEmpty())
+        utf8KeyWithoutSpaces(view.sliced(p + 3, close - p - 3), key);
+        if (key.empty())
             return -102;
 
         const char first = key.front();
@@ -72,24 +104,23 @@ int processStringTemplatePartInString(CString& out, QTextStream& in, const Value
         if (key.back() == '0') {
             if (key.size() == 1)
                 return -103;
-            key.chop(1);
+            key.pop_back();
             optional = true;
         }
 
-        const auto found = values.find(std::string(key.constData(), size_t(key.size())));
+        const auto found = values.find(key);
         if (found == values.end()) {
             if (optional)
                 continue;
-            out += QString::fromUtf8(key);
-            qCInfo(lcTemplateDefault, "%s not defined in xmt", key.constData());
+            out += QString::fromStdString(key);
+            qCInfo(lcTemplateDefault, "%s not defined in xmt", key.c_str());
             return -200;
         }
 
         // A "$" key holds text that is already XML, such as an earlier run's output.
-        const CString value = convertToXMLString(found->second, 0, first == '$' ? 0 : flags);
-        out += QString::fromUtf8(line.constData(), p);
-        out += value;
-        out += QString::fromUtf8(line.constData() + close + 1, line.size() - close - 1);
+        out += view.first(p);
+        out += convertToXMLString(found->second, 0, first == '$' ? 0 : flags);
+        out += view.sliced(close + 1);
         out += QLatin1Char('\n');
     }
     return 0;
