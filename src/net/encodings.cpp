@@ -1,7 +1,9 @@
 #include "encodings.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstddef>
+#include <cstring>
 
 namespace {
 
@@ -60,6 +62,32 @@ inline int hexValue(char c)
     if (c >= 'A' && c <= 'F')
         return c - 'A' + 10;
     return -1;
+}
+
+/*
+ * The byte of a "%" escape: the (up to) two characters after the "%" read the
+ * way "%x" scanning reads them, so leading white space and a sign are taken
+ * and reading stops at the first non-hex character ("%4g" gives 0x04, "%-1"
+ * gives 0xFF). Where no digit is read at all the escape has no value of its
+ * own; it then gives "?", as other unreadable text does in this library.
+ */
+char escapedByte(const char* window, std::size_t size)
+{
+    std::size_t pos = 0;
+    while (pos < size && std::strchr(" \t\n\v\f\r", window[pos]) && window[pos] != '\0')
+        ++pos;
+    bool negative = false;
+    if (pos < size && (window[pos] == '+' || window[pos] == '-'))
+        negative = window[pos++] == '-';
+    int value = 0;
+    bool digits = false;
+    for (int d; pos < size && (d = hexValue(window[pos])) >= 0; ++pos) {
+        value = value * 16 + d;
+        digits = true;
+    }
+    if (!digits)
+        return '?';
+    return static_cast<char>(negative ? -value : value);
 }
 
 } // namespace
@@ -178,17 +206,8 @@ std::string urlDecode(std::string text)
     for (std::size_t i = 0; i < n; ++i) {
         const char c = text[i];
         if (c == '%') {
-            // Only a full pair of hex digits is an escape; a "%" that is cut
-            // short or followed by anything else stays as it is, rather than
-            // producing an arbitrary byte.
-            const int hi = i + 2 < n ? hexValue(text[i + 1]) : -1;
-            const int lo = hi >= 0 ? hexValue(text[i + 2]) : -1;
-            if (lo >= 0) {
-                out += static_cast<char>((hi << 4) | lo);
-                i += 2;
-            } else {
-                out += c;
-            }
+            out += escapedByte(text.data() + i + 1, std::min<std::size_t>(2, n - i - 1));
+            i += 2;
         } else if (c == '+') {
             out += ' ';
         } else {

@@ -29,7 +29,9 @@ LIBBEDROCK_EXPORT int Base64decode(char* out, char const* text);
  * passes letters, digits and "-._~", and writes every other byte as "%" plus
  * its hex digits, "%0" for values below 16. Bytes from 0x80 are taken as
  * negative and come out as "%0FFFFFFxx", which urlDecode does not read back.
- * urlDecode turns "%hh" into a byte and "+" into a blank.
+ * urlDecode turns "+" into a blank, and "%" with the two characters after it
+ * into one byte: they are read as hex the way "%x" scanning reads them, and
+ * give "?" when they hold no digit at all.
  */
 LIBBEDROCK_EXPORT std::string urlEncode(std::string text);
 LIBBEDROCK_EXPORT std::string urlDecode(std::string text);

@@ -133,6 +133,13 @@ void tst_Netfile::emitters_data()
          line(20, QStringLiteral("A&#38;B")), "A&B");
     text("string: map takes UTF-8 bytes", "string", QString(QChar(0xe9)), 1,
          line(20, QString(QChar(0xe9))), "\xc3");
+    text("string: escaping may pass the limit", "string", QStringLiteral("A&B"), 3,
+         line(20, QStringLiteral("A&#38;B")), "A&B");
+    // Outside the contract: a negative limit cuts the text to nothing, so the
+    // line carries its code alone, and the map keeps an empty text.
+    text("string: negative limit files an empty line", "string", QStringLiteral("abc"), -1,
+         QStringLiteral("<comm:ReturnLine>\n<comm:FieldCode>20</comm:FieldCode>\n</comm:ReturnLine>\n"),
+         QByteArray());
     text("stringValue: forwards", "stringValue", QStringLiteral("Ottawa"), 0,
          line(20, QStringLiteral("Ottawa")), "Ottawa");
 

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <climits>
+#include <cstdio>
 
 class tst_Encodings : public QObject
 {
@@ -19,6 +20,7 @@ private slots:
     void urlEncodeCases();
     void urlDecodeCases_data();
     void urlDecodeCases();
+    void urlDecodeMatchesScanf();
 };
 
 static const char guard = '\x5a';
@@ -153,12 +155,31 @@ void tst_Encodings::urlDecodeCases_data()
     QTest::newRow("plus is a blank") << QByteArray("a+b") << QByteArray("a b");
     QTest::newRow("escapes") << QByteArray("%20%0A%2b%6a") << QByteArray(" \n+j");
     QTest::newRow("escaped zero byte kept") << QByteArray("a%00b") << QByteArray("a\0b", 3);
-    // Not hex or cut short: the "%" stays literal rather than giving a random byte.
-    QTest::newRow("percent at end") << QByteArray("100%") << QByteArray("100%");
-    QTest::newRow("one digit at end") << QByteArray("%4") << QByteArray("%4");
-    QTest::newRow("non-hex pair") << QByteArray("%zz") << QByteArray("%zz");
-    QTest::newRow("second digit non-hex") << QByteArray("%4g") << QByteArray("%4g");
-    QTest::newRow("literal percent then escape") << QByteArray("%%41") << QByteArray("%A");
+    // The two characters after "%" are read as "%x" reads them.
+    QTest::newRow("reading stops at a non-hex character") << QByteArray("%4gz") << QByteArray("\x04z");
+    QTest::newRow("leading blank skipped") << QByteArray("% 9") << QByteArray("\x09");
+    QTest::newRow("minus sign wraps to a byte") << QByteArray("%-1x") << QByteArray("\xffx");
+    QTest::newRow("one digit left at the end") << QByteArray("%4") << QByteArray("\x04");
+    // No digit at all has no value of its own: "?" stands in, and the two
+    // characters are still taken.
+    QTest::newRow("percent at end") << QByteArray("100%") << QByteArray("100?");
+    QTest::newRow("non-hex pair") << QByteArray("%zz.") << QByteArray("?.");
+    QTest::newRow("percent takes the next percent") << QByteArray("%%41") << QByteArray("?1");
+}
+
+// Every pair of bytes after a "%" against the C library's own "%x" reading.
+void tst_Encodings::urlDecodeMatchesScanf()
+{
+    for (int a = 0; a < 256; ++a) {
+        for (int b = 0; b < 256; ++b) {
+            const char pair[3] = { char(a), char(b), 0 };
+            unsigned int value = 0;
+            const char expected = std::sscanf(pair, "%x", &value) == 1 ? char(value) : '?';
+            const std::string decoded = urlDecode(std::string("%") + pair[0] + pair[1]);
+            if (decoded != std::string(1, expected))
+                QFAIL(qPrintable(QStringLiteral("bytes %1 %2").arg(a).arg(b)));
+        }
+    }
 }
 
 void tst_Encodings::urlDecodeCases()

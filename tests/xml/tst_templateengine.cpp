@@ -58,6 +58,7 @@ void tst_TemplateEngine::process_data()
     QTest::newRow("flag 8 escapes") << "$$(amp)" << 8 << 0 << "A&#38;B\n" << "";
     QTest::newRow("no flag leaves value raw") << "$$(amp)" << 0 << 0 << "A&B\n" << "";
     QTest::newRow("dollar key never escaped") << "<r>$$($raw)</r>" << 4 << 0 << "<r><x/>&</r>\n" << "";
+    QTest::newRow("dollar key raw without flags too") << "<r>$$($raw)</r>" << 0 << 0 << "<r><x/>&</r>\n" << "";
     QTest::newRow("key that is only a dollar is looked up") << "$$($)" << 4 << 0 << "dollar\n" << "";
     QTest::newRow("second placeholder stays literal") << "$$(name)-$$(name)" << 4 << 0 << "Ann-$$(name)\n" << "";
     QTest::newRow("value is not re-scanned") << "$$(multi)" << 0 << 0 << "a\n$$(name)\n" << "";
@@ -144,6 +145,13 @@ void tst_TemplateEngine::files()
     const size_t got = std::fread(buf, 1, sizeof buf, f);
     std::fclose(f);
     QCOMPARE(QByteArray(buf, int(got)), QByteArray("<a>\n  \xc3\xa9\nnokey"));
+
+    // A template that does not open writes nothing to the FILE*.
+    f = std::tmpfile();
+    QVERIFY(f);
+    QCOMPARE(processTemplatePart(f, "/nonexistent/dir/t.xmt", sampleValues(), 4), -1);
+    QCOMPARE(std::ftell(f), 0L);
+    std::fclose(f);
 }
 
 void tst_TemplateEngine::hostileInput()
