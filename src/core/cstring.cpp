@@ -228,20 +228,24 @@ CString convertToXMLString(CString const& s, int maxLen, int flags)
     if (maxLen == 0 || n < maxLen)
         maxLen = n;
 
+    const QChar* const first = s.constData();
+    const QChar* const end = first + maxLen;
+    auto needsEntity = [](QChar c) {
+        const char16_t u = c.unicode();
+        return u == '"' || u == '\'' || u == '&' || u == '<' || u == '>';
+    };
+    const QChar* next = std::find_if(first, end, needsEntity);
     // Most values need no escaping: hand back the text itself, shared, not a copy.
-    const QChar* first = s.constData();
-    const QChar* end = first + maxLen;
-    if (std::find_if(first, end, [](QChar c) {
-            const char16_t u = c.unicode();
-            return u == '"' || u == '\'' || u == '&' || u == '<' || u == '>';
-        }) == end)
+    if (next == end)
         return maxLen == n ? s : CString(s.left(maxLen));
 
     QString out;
     out.reserve(maxLen + 16);
-    const QChar* p = s.constData();
-    for (int i = 0; i < maxLen; ++i) {
-        switch (p[i].unicode()) {
+    for (const QChar* from = first;; from = next + 1, next = std::find_if(from, end, needsEntity)) {
+        out.append(from, next - from);
+        if (next == end)
+            break;
+        switch (next->unicode()) {
         case '"':
             out += QLatin1String("&#34;");
             break;
@@ -254,11 +258,8 @@ CString convertToXMLString(CString const& s, int maxLen, int flags)
         case '<':
             out += QLatin1String("&#60;");
             break;
-        case '>':
-            out += QLatin1String("&#62;");
-            break;
         default:
-            out += p[i];
+            out += QLatin1String("&#62;");
         }
     }
     return CString(std::move(out));

@@ -9,6 +9,9 @@
 
 #include <tinyxml.h>
 
+#include <string_view>
+#include <unordered_map>
+
 namespace {
 
 // Template authors and older tools look for this line in the "default"
@@ -21,6 +24,44 @@ std::string toBytes(const CString& s, int flags)
 {
     return (flags & 64) ? s.toStdStringUTF8(0) : s.toStdStringLatin1(0);
 }
+
+/*
+ * Finds values by key for one run. A run that looks up many keys switches to
+ * a hash index over the map, built once; a short run against a large map never
+ * pays for one. The map is not changed while the run lasts, so the index may
+ * point into it.
+ */
+class KeyLookup
+{
+public:
+    explicit KeyLookup(const ValueMap& values) : m_values(values) { }
+
+    const CString* find(const std::string& key)
+    {
+        if (!m_indexed && ++m_lookups >= 32 && m_lookups * 8 >= m_values.size())
+            buildIndex();
+        if (m_indexed) {
+            const auto found = m_index.find(std::string_view(key));
+            return found == m_index.end() ? nullptr : found->second;
+        }
+        const auto found = m_values.find(key);
+        return found == m_values.end() ? nullptr : &found->second;
+    }
+
+private:
+    void buildIndex()
+    {
+        m_index.reserve(m_values.size());
+        for (const auto& [key, value] : m_values)
+            m_index.emplace(std::string_view(key), &value);
+        m_indexed = true;
+    }
+
+    const ValueMap& m_values;
+    std::size_t m_lookups = 0;
+    bool m_indexed = false;
+    std::unordered_map<std::string_view, const CString*> m_index;
+};
 
 // Where "$$(" starts in the line, or -1.
 qsizetype findMarker(QStringView line)
@@ -76,6 +117,7 @@ int processStringTemplatePartInString(CString& out, QTextStream& in, const Value
     // One line buffer and one key buffer serve the whole run.
     QString line;
     std::string key;
+    KeyLookup lookup(values);
     while (!in.atEnd()) {
         in.readLineInto(&line);
         const QStringView view(line);
@@ -108,8 +150,8 @@ int processStringTemplatePartInString(CString& out, QTextStream& in, const Value
             optional = true;
         }
 
-        const auto found = values.find(key);
-        if (found == values.end()) {
+        const CString* found = lookup.find(key);
+        if (!found) {
             if (optional)
                 continue;
             out += QString::fromStdString(key);
@@ -119,7 +161,7 @@ int processStringTemplatePartInString(CString& out, QTextStream& in, const Value
 
         // A "$" key holds text that is already XML, such as an earlier run's output.
         out += view.first(p);
-        out += convertToXMLString(found->second, 0, first == '$' ? 0 : flags);
+        out += convertToXMLString(*found, 0, first == '$' ? 0 : flags);
         out += view.sliced(close + 1);
         out += QLatin1Char('\n');
     }
