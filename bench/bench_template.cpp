@@ -78,8 +78,9 @@ void overSkeleton(benchmark::State& state, Fill fill)
 void BM_LineCopyBaseline(benchmark::State& state)
 {
     overSkeleton(state, [](QTextStream& in, CString& out, const std::map<std::string, CString>&) {
-        while (!in.atEnd()) {
-            out += in.readLine();
+        QString line;
+        while (in.readLineInto(&line)) {
+            out += line;
             out += QLatin1Char('\n');
         }
         return true;

@@ -9,8 +9,8 @@
 
 #include <tinyxml.h>
 
-#include <string_view>
-#include <unordered_map>
+#include <cstdint>
+#include <vector>
 
 namespace {
 
@@ -27,9 +27,9 @@ std::string toBytes(const CString& s, int flags)
 
 /*
  * Finds values by key for one run. A run that looks up many keys switches to
- * a hash index over the map, built once; a short run against a large map never
- * pays for one. The map is not changed while the run lasts, so the index may
- * point into it.
+ * an open-addressed hash index over the map, built once in one allocation; a
+ * short run against a large map never pays for one. The map is not changed
+ * while the run lasts, so the index may point into it.
  */
 class KeyLookup
 {
@@ -38,29 +38,56 @@ public:
 
     const CString* find(const std::string& key)
     {
-        if (!m_indexed && ++m_lookups >= 32 && m_lookups * 8 >= m_values.size())
+        if (m_slots.empty() && ++m_lookups >= 32 && m_lookups * 8 >= m_values.size())
             buildIndex();
-        if (m_indexed) {
-            const auto found = m_index.find(std::string_view(key));
-            return found == m_index.end() ? nullptr : found->second;
+        if (m_slots.empty()) {
+            const auto found = m_values.find(key);
+            return found == m_values.end() ? nullptr : &found->second;
         }
-        const auto found = m_values.find(key);
-        return found == m_values.end() ? nullptr : &found->second;
+        const std::uint64_t hash = hashOf(key);
+        const std::size_t mask = m_slots.size() - 1;
+        for (std::size_t i = hash & mask; m_slots[i].entry; i = (i + 1) & mask) {
+            if (m_slots[i].hash == hash && m_slots[i].entry->first == key)
+                return &m_slots[i].entry->second;
+        }
+        return nullptr;
     }
 
 private:
+    struct Slot
+    {
+        std::uint64_t hash = 0;
+        const ValueMap::value_type* entry = nullptr;
+    };
+
+    // FNV-1a: keys are short names, for which it is quick and spreads well.
+    static std::uint64_t hashOf(const std::string& key)
+    {
+        std::uint64_t h = 0xcbf29ce484222325ULL;
+        for (const char c : key)
+            h = (h ^ std::uint8_t(c)) * 0x100000001b3ULL;
+        return h;
+    }
+
     void buildIndex()
     {
-        m_index.reserve(m_values.size());
-        for (const auto& [key, value] : m_values)
-            m_index.emplace(std::string_view(key), &value);
-        m_indexed = true;
+        std::size_t size = 16;
+        while (size < 2 * m_values.size())
+            size *= 2;
+        m_slots.resize(size); // an empty map still gets slots, so this runs once
+        const std::size_t mask = size - 1;
+        for (const auto& entry : m_values) {
+            const std::uint64_t hash = hashOf(entry.first);
+            std::size_t i = hash & mask;
+            while (m_slots[i].entry)
+                i = (i + 1) & mask;
+            m_slots[i] = Slot { hash, &entry };
+        }
     }
 
     const ValueMap& m_values;
     std::size_t m_lookups = 0;
-    bool m_indexed = false;
-    std::unordered_map<std::string_view, const CString*> m_index;
+    std::vector<Slot> m_slots;
 };
 
 // Where "$$(" starts in the line, or -1.
@@ -94,6 +121,82 @@ void utf8KeyWithoutSpaces(QStringView text, std::string& key)
     }
 }
 
+/*
+ * One template line: 0 when it is done with (written, or dropped as blank or
+ * as an optional line whose key is missing), otherwise the run's result code.
+ */
+int processLine(CString& out, QStringView line, KeyLookup& lookup, std::string& key, int flags)
+{
+    const qsizetype p = findMarker(line);
+    if (p < 0) {
+        if (!line.trimmed().isEmpty()) {
+            out += line;
+            out += QLatin1Char('\n');
+        }
+        return 0;
+    }
+
+    const qsizetype close = line.indexOf(u')', p + 3);
+    if (close < 0)
+        return -101;
+
+    // Older engines looped forever once they removed a space from a key;
+    // here the spaces simply go, and the key is read without them.
+    utf8KeyWithoutSpaces(line.sliced(p + 3, close - p - 3), key);
+    if (key.empty())
+        return -102;
+
+    const char first = key.front();
+    bool optional = false;
+    if (key.back() == '0') {
+        if (key.size() == 1)
+            return -103;
+        key.pop_back();
+        optional = true;
+    }
+
+    const CString* found = lookup.find(key);
+    if (!found) {
+        if (optional)
+            return 0;
+        out += QString::fromStdString(key);
+        qCInfo(lcTemplateDefault, "%s not defined in xmt", key.c_str());
+        return -200;
+    }
+
+    // A "$" key holds text that is already XML, such as an earlier run's output.
+    out += line.first(p);
+    out += convertToXMLString(*found, 0, first == '$' ? 0 : flags);
+    out += line.sliced(close + 1);
+    out += QLatin1Char('\n');
+    return 0;
+}
+
+/*
+ * The whole run over text already in memory. Lines are cut as a text stream
+ * reads them: at "\n", where a "\r" just before it (or at the very end of the
+ * text) belongs to the line end, and a text ending in "\n" has no empty line
+ * after it.
+ */
+int processText(CString& out, QStringView text, const ValueMap& values, int flags)
+{
+    KeyLookup lookup(values);
+    std::string key; // one buffer for every key of the run
+    for (qsizetype start = 0; start < text.size();) {
+        qsizetype end = text.indexOf(u'\n', start);
+        const qsizetype next = end < 0 ? text.size() : end + 1;
+        if (end < 0)
+            end = text.size();
+        QStringView line = text.sliced(start, end - start);
+        if (line.endsWith(u'\r'))
+            line.chop(1);
+        start = next;
+        if (const int rc = processLine(out, line, lookup, key, flags))
+            return rc;
+    }
+    return 0;
+}
+
 // Opens the template read-only; the caller owns the QFile.
 bool openTemplate(QFile& file, const QString& path)
 {
@@ -114,58 +217,8 @@ int processFile(std::string& out, QFile& file, const ValueMap& values, int flags
 
 int processStringTemplatePartInString(CString& out, QTextStream& in, const ValueMap& values, int flags)
 {
-    // One line buffer and one key buffer serve the whole run.
-    QString line;
-    std::string key;
-    KeyLookup lookup(values);
-    while (!in.atEnd()) {
-        in.readLineInto(&line);
-        const QStringView view(line);
-
-        const qsizetype p = findMarker(view);
-        if (p < 0) {
-            if (!view.trimmed().isEmpty()) {
-                out += view;
-                out += QLatin1Char('\n');
-            }
-            continue;
-        }
-
-        const qsizetype close = view.indexOf(u')', p + 3);
-        if (close < 0)
-            return -101;
-
-        // Older engines looped forever once they removed a space from a key;
-        // here the spaces simply go, and the key is read without them.
-        utf8KeyWithoutSpaces(view.sliced(p + 3, close - p - 3), key);
-        if (key.empty())
-            return -102;
-
-        const char first = key.front();
-        bool optional = false;
-        if (key.back() == '0') {
-            if (key.size() == 1)
-                return -103;
-            key.pop_back();
-            optional = true;
-        }
-
-        const CString* found = lookup.find(key);
-        if (!found) {
-            if (optional)
-                continue;
-            out += QString::fromStdString(key);
-            qCInfo(lcTemplateDefault, "%s not defined in xmt", key.c_str());
-            return -200;
-        }
-
-        // A "$" key holds text that is already XML, such as an earlier run's output.
-        out += view.first(p);
-        out += convertToXMLString(*found, 0, first == '$' ? 0 : flags);
-        out += view.sliced(close + 1);
-        out += QLatin1Char('\n');
-    }
-    return 0;
+    const QString text = in.readAll();
+    return processText(out, text, values, flags);
 }
 
 int processStringTemplatePartInString(std::string& out, QTextStream& in, const ValueMap& values, int flags)
@@ -178,10 +231,7 @@ int processStringTemplatePartInString(std::string& out, QTextStream& in, const V
 
 int processStringTemplatePartInString(CString& out, const CString& text, const ValueMap& values, int flags)
 {
-    QString source = text;
-    QTextStream in(&source, QIODevice::ReadOnly);
-    in.setAutoDetectUnicode(false);
-    return processStringTemplatePartInString(out, in, values, flags);
+    return processText(out, text, values, flags);
 }
 
 int processStringTemplatePartInString(std::string& out, const CString& text, const ValueMap& values, int flags)

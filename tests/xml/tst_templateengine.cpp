@@ -1,6 +1,7 @@
 #include "templateengine.h"
 
 #include <QTemporaryFile>
+#include <QTextStream>
 #include <QTest>
 
 namespace {
@@ -28,6 +29,8 @@ private slots:
     void process();
     void byteOutput_data();
     void byteOutput();
+    void linesCutAsTextStreamReads_data();
+    void linesCutAsTextStreamReads();
     void files();
     void longRunSameResult();
     void hostileInput();
@@ -153,6 +156,44 @@ void tst_TemplateEngine::files()
     QCOMPARE(processTemplatePart(f, "/nonexistent/dir/t.xmt", sampleValues(), 4), -1);
     QCOMPARE(std::ftell(f), 0L);
     std::fclose(f);
+}
+
+void tst_TemplateEngine::linesCutAsTextStreamReads_data()
+{
+    QTest::addColumn<QString>("tpl");
+    QTest::newRow("CR LF") << "a\r\nb";
+    QTest::newRow("lone CR stays inside a line") << "a\rb\n";
+    QTest::newRow("two CRs before LF, one goes") << "a\r\r\nb";
+    QTest::newRow("CR at the very end goes") << "a\r";
+    QTest::newRow("CRs inside a last line stay") << "x\r\ry";
+    QTest::newRow("CR starting a line stays") << "a\n\rb";
+    QTest::newRow("only CR LF pairs") << "\r\n\r\n";
+    QTest::newRow("placeholder line ending in CR") << "<n>$$(name)</n>\r\n\r";
+}
+
+// The engine cuts lines itself; it must cut them exactly as a text stream's
+// readLine does, blank lines dropped.
+void tst_TemplateEngine::linesCutAsTextStreamReads()
+{
+    QFETCH(QString, tpl);
+    QString source = tpl;
+    QTextStream lines(&source, QIODevice::ReadOnly);
+    QString expected;
+    while (!lines.atEnd()) {
+        const QString line = lines.readLine().replace("$$(name)", "Ann");
+        if (!line.trimmed().isEmpty())
+            expected += line + '\n';
+    }
+
+    CString fromText;
+    QCOMPARE(processStringTemplatePartInString(fromText, CString(tpl), sampleValues(), 4), 0);
+    QCOMPARE(QString(fromText), expected);
+
+    QString again = tpl;
+    QTextStream in(&again, QIODevice::ReadOnly);
+    CString fromStream;
+    QCOMPARE(processStringTemplatePartInString(fromStream, in, sampleValues(), 4), 0);
+    QCOMPARE(QString(fromStream), expected);
 }
 
 // Long runs look keys up through an index of their own; the result must be
