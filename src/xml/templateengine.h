@@ -29,7 +29,8 @@ class QTextStream;
  * -101 "$$(" without ")"; -102 empty key; -103 key "0"; -200 required key
  * missing. On the negative codes other than -1 whatever was produced before the
  * failing line stays in (or is written to) the output. Output is appended to,
- * never cleared.
+ * never cleared. A stream is read to its end, whatever the result; lines end
+ * at "\n", with a "\r" before it taken as part of the line end.
  */
 LIBBEDROCK_EXPORT int processStringTemplatePartInString(CString& out, QTextStream& in,
                                                         std::map<std::string, CString> const& values,
