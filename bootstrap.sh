@@ -46,7 +46,12 @@ test)
 bench)
     configure -DBUILD_TESTING=OFF -DBUILD_BENCHMARKS=ON
     cmake --build "$build" -j "$jobs"
-    for b in "$build"/bench/bench_*; do [ -x "$b" ] && "$b"; done
+    # Repetitions run interleaved in random order, so a figure and its
+    # baseline see the same machine; read the medians.
+    for b in "$build"/bench/bench_*; do
+        [ -x "$b" ] && "$b" --benchmark_repetitions=5 --benchmark_enable_random_interleaving=true \
+            --benchmark_report_aggregates_only=true
+    done
     ;;
 *)
     echo "usage: $0 example|test|bench" >&2
