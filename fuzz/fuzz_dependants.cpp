@@ -2,10 +2,7 @@
 // version, the rest is loaded through a buffer and through a device that
 // hides its size; every query then runs over the rows and the list is stored again.
 #include "dependantinfo.h"
-#include "mydatastream.h"
-#include "sequentialsource.h"
-
-#include <QBuffer>
+#include "fuzzrows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,7 +16,7 @@ constexpr int Versions[] = { 0x100b1, 0x100db, 0x101F4, 0x10210, 0x10211, 0x1030
 constexpr qint64 RowHeadBytes = 184;
 
 
-void exercise(DependantInfoStruct& list, int version, qint64 inputSize)
+void exercise(DependantInfoStruct& list, qint64 inputSize)
 {
     if (list.m_nCount < 0 || qint64(list.m_nCount) * RowHeadBytes > inputSize
         || (list.m_nCount > 0 && !list.m_pData))
@@ -63,36 +60,12 @@ void exercise(DependantInfoStruct& list, int version, qint64 inputSize)
     copy = list;
     if (comparable && !(copy == list))
         __builtin_trap();
-    QByteArray out;
-    QBuffer sink(&out);
-    sink.open(QIODevice::WriteOnly);
-    MyDataStream stream(&sink);
-    list.serilize(version, stream);
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    if (size < 1)
-        return 0;
-    const int version = Versions[data[0] % (sizeof Versions / sizeof Versions[0])];
-    const QByteArray bytes(reinterpret_cast<const char*>(data + 1), qsizetype(size - 1));
-    {
-        QBuffer buffer;
-        buffer.setData(bytes);
-        buffer.open(QIODevice::ReadOnly);
-        MyDataStream in(&buffer);
-        DependantInfoStruct list;
-        list.serilize(version, in);
-        exercise(list, version, bytes.size());
-    }
-    {
-        SequentialSource source(bytes);
-        MyDataStream in(&source);
-        DependantInfoStruct list;
-        list.serilize(version, in);
-        exercise(list, version, bytes.size());
-    }
+    loadCheckAndStore<DependantInfoStruct>(data, size, Versions, exercise);
     return 0;
 }

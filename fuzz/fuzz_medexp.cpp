@@ -2,10 +2,7 @@
 // archive version, the rest is loaded through a buffer and through a device
 // that hides its size; the record is then copied, compared, cleared and stored.
 #include "medexpinfo.h"
-#include "mydatastream.h"
-#include "sequentialsource.h"
-
-#include <QBuffer>
+#include "fuzzrows.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -20,7 +17,7 @@ constexpr int DefaultRows = 12;
 constexpr qint64 MinRowBytes = 5 * 8;
 
 
-void exercise(_MedExpInfoStruct& rec, int version, qint64 inputSize)
+void exercise(_MedExpInfoStruct& rec, qint64 inputSize)
 {
     const int count = rec.fld_nDepNum.m_value;
     if (count < 0 || !rec.m_pData
@@ -33,36 +30,12 @@ void exercise(_MedExpInfoStruct& rec, int version, qint64 inputSize)
     if (copy.fld_nDepNum.m_value != count)
         __builtin_trap();
     (void)(rec == copy);
-    QByteArray out;
-    QBuffer sink(&out);
-    sink.open(QIODevice::WriteOnly);
-    MyDataStream stream(&sink);
-    rec.serilize(version, stream);
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    if (size < 1)
-        return 0;
-    const int version = Versions[data[0] % (sizeof Versions / sizeof Versions[0])];
-    const QByteArray bytes(reinterpret_cast<const char*>(data + 1), qsizetype(size - 1));
-    {
-        QBuffer buffer;
-        buffer.setData(bytes);
-        buffer.open(QIODevice::ReadOnly);
-        MyDataStream in(&buffer);
-        _MedExpInfoStruct rec;
-        rec.serilize(version, in);
-        exercise(rec, version, bytes.size());
-    }
-    {
-        SequentialSource source(bytes);
-        MyDataStream in(&source);
-        _MedExpInfoStruct rec;
-        rec.serilize(version, in);
-        exercise(rec, version, bytes.size());
-    }
+    loadCheckAndStore<_MedExpInfoStruct>(data, size, Versions, exercise);
     return 0;
 }
