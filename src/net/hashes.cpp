@@ -215,6 +215,51 @@ bool Bedrock::sha256UseShaExtensions(bool use)
 
 // ---------------------------------------------------------------------------- SHA1
 
+namespace {
+
+// The SHA-1 compression function over `count` consecutive 64-byte blocks.
+void sha1Compress(std::uint32_t state[5], const std::uint8_t* blocks, std::size_t count)
+{
+    for (; count > 0; --count, blocks += 64) {
+        std::uint32_t w[80];
+        for (int i = 0; i < 16; ++i)
+            w[i] = loadBigEndian(blocks + 4 * i);
+        for (int i = 16; i < 80; ++i)
+            w[i] = rotl(w[i - 3] ^ w[i - 8] ^ w[i - 14] ^ w[i - 16], 1);
+
+        std::uint32_t a = state[0], b = state[1], c = state[2], d = state[3], e = state[4];
+        for (int i = 0; i < 80; ++i) {
+            std::uint32_t f, k;
+            if (i < 20) {
+                f = (b & c) | (~b & d);
+                k = 0x5a827999;
+            } else if (i < 40) {
+                f = b ^ c ^ d;
+                k = 0x6ed9eba1;
+            } else if (i < 60) {
+                f = (b & c) | (b & d) | (c & d);
+                k = 0x8f1bbcdc;
+            } else {
+                f = b ^ c ^ d;
+                k = 0xca62c1d6;
+            }
+            const std::uint32_t t = rotl(a, 5) + f + e + k + w[i];
+            e = d;
+            d = c;
+            c = rotl(b, 30);
+            b = a;
+            a = t;
+        }
+        state[0] += a;
+        state[1] += b;
+        state[2] += c;
+        state[3] += d;
+        state[4] += e;
+    }
+}
+
+} // namespace
+
 SHA1::SHA1()
 {
     reset();
@@ -234,58 +279,19 @@ void SHA1::reset()
 
 void SHA1::processBlock(void const* data)
 {
-    auto block = static_cast<const std::uint8_t*>(data);
-    std::uint32_t w[80];
-    for (int i = 0; i < 16; ++i)
-        w[i] = loadBigEndian(block + 4 * i);
-    for (int i = 16; i < 80; ++i)
-        w[i] = rotl(w[i - 3] ^ w[i - 8] ^ w[i - 14] ^ w[i - 16], 1);
-
-    std::uint32_t a = m_hash[0], b = m_hash[1], c = m_hash[2], d = m_hash[3], e = m_hash[4];
-    for (int i = 0; i < 80; ++i) {
-        std::uint32_t f, k;
-        if (i < 20) {
-            f = (b & c) | (~b & d);
-            k = 0x5a827999;
-        } else if (i < 40) {
-            f = b ^ c ^ d;
-            k = 0x6ed9eba1;
-        } else if (i < 60) {
-            f = (b & c) | (b & d) | (c & d);
-            k = 0x8f1bbcdc;
-        } else {
-            f = b ^ c ^ d;
-            k = 0xca62c1d6;
-        }
-        const std::uint32_t t = rotl(a, 5) + f + e + k + w[i];
-        e = d;
-        d = c;
-        c = rotl(b, 30);
-        b = a;
-        a = t;
-    }
-    m_hash[0] += a;
-    m_hash[1] += b;
-    m_hash[2] += c;
-    m_hash[3] += d;
-    m_hash[4] += e;
+    sha1Compress(m_hash, static_cast<const std::uint8_t*>(data), 1);
 }
 
 void SHA1::processBuffer()
 {
-    finish(m_buffer, m_bufferSize, m_numBytes, [this](const std::uint8_t* b, std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i)
-            processBlock(b + 64 * i);
-    });
+    finish(m_buffer, m_bufferSize, m_numBytes,
+           [this](const std::uint8_t* b, std::size_t count) { sha1Compress(m_hash, b, count); });
 }
 
 void SHA1::add(void const* data, unsigned long size)
 {
     feed(data, size, m_buffer, m_bufferSize, m_numBytes,
-         [this](const std::uint8_t* b, std::size_t count) {
-             for (std::size_t i = 0; i < count; ++i)
-                 processBlock(b + 64 * i);
-         });
+         [this](const std::uint8_t* b, std::size_t count) { sha1Compress(m_hash, b, count); });
 }
 
 void SHA1::getHash(unsigned char* out)
