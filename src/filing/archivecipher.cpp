@@ -58,7 +58,7 @@ bool ensureReady(State& s)
     if (s.ready)
         return true;
     if (sodium_init() < 0) {
-        qCWarning(lcBedrockArchive) << "the cipher library could not start";
+        qCWarning(lcBedrockFiling) << "the cipher library could not start";
         return false;
     }
     randombytes_buf(s.processSalt, sizeof s.processSalt);
@@ -96,7 +96,7 @@ bool deriveKey(State& s, const std::string& keyText, const unsigned char* salt, 
                           crypto_pwhash_OPSLIMIT_INTERACTIVE, crypto_pwhash_MEMLIMIT_INTERACTIVE,
                           crypto_pwhash_ALG_ARGON2ID13)
             != 0) {
-            qCWarning(lcBedrockArchive) << "key derivation ran out of memory";
+            qCWarning(lcBedrockFiling) << "key derivation ran out of memory";
             return false;
         }
         ++s.derivations;
@@ -148,12 +148,12 @@ bool open(const std::string& keyText, const char* envelope, int length, QByteArr
 {
     plain.clear();
     if (!envelope || length < OverheadBytes) {
-        qCInfo(lcBedrockArchive) << "enciphered block too short:" << length << "bytes";
+        qCInfo(lcBedrockFiling) << "enciphered block too short:" << length << "bytes";
         return false;
     }
     const auto* in = reinterpret_cast<const unsigned char*>(envelope);
     if (std::memcmp(in, Header, HeaderBytes) != 0) {
-        qCInfo(lcBedrockArchive) << "enciphered block of an unknown scheme";
+        qCInfo(lcBedrockFiling) << "enciphered block of an unknown scheme";
         return false;
     }
     const unsigned char* salt = in + HeaderBytes;
@@ -176,7 +176,7 @@ bool open(const std::string& keyText, const char* envelope, int length, QByteArr
         key.data());
     sodium_memzero(key.data(), key.size());
     if (rc != 0) {
-        qCInfo(lcBedrockArchive) << "enciphered block failed authentication (wrong key or damaged)";
+        qCInfo(lcBedrockFiling) << "enciphered block failed authentication (wrong key or damaged)";
         return false;
     }
     out.resize(qsizetype(got));

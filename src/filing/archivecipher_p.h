@@ -1,7 +1,6 @@
 // The authenticated cipher of the return archive's blocks.
 #pragma once
 
-#include "libbedrock_export.h"
 
 #include <QByteArray>
 
@@ -29,9 +28,9 @@ bool open(const std::string& keyText, const char* envelope, int length, QByteArr
 
 // Tests and fuzzers only: replaces Argon2id by a keyed hash so that thousands of
 // records can be opened per second. Envelopes made in one mode do not open in the other.
-LIBBEDROCK_EXPORT void setFastKeyDerivationForTesting(bool fast);
+void setFastKeyDerivationForTesting(bool fast);
 // How many Argon2id derivations this process has run (for tests of the cache).
-LIBBEDROCK_EXPORT int keyDerivationCount();
+int keyDerivationCount();
 
 } // namespace ArchiveCipher
 } // namespace Bedrock

@@ -31,7 +31,7 @@ int CT1EncryptedMemoryBlock::ReadFromReturnArchive(MyDataStream& s)
     // The size in front is not authenticated: a record holding fewer bytes than
     // it announces is damaged, even when the bytes it does hold would open.
     if (s.status() != QDataStream::Ok) {
-        qCInfo(lcBedrockArchive) << "enciphered block shorter than its announced size";
+        qCInfo(lcBedrockFiling) << "enciphered block shorter than its announced size";
         setContent(nullptr, 0);
         return 0;
     }

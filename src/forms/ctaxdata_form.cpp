@@ -181,7 +181,7 @@ void CTaxData_Form::Serialize(unsigned int version, const CString& key, MyDataSt
         m_delimiter = delimiter;
         // A wrong delimiter stops nothing: the block after it may still be good.
         if (m_delimiter != Delimiter)
-            qCInfo(lcBedrockArchive, "delimeter error");
+            qCInfo(lcBedrockForms, "delimeter error");
     }
 
     const bool loading = stream.IsLoading();

@@ -38,7 +38,7 @@ std::vector<std::unique_ptr<Row>> readAnnouncedRows(MyDataStream& stream, int ve
         rows.push_back(std::move(row));
     }
     if (qint64(rows.size()) < count)
-        qCInfo(lcBedrockArchive) << what << "announces" << count << "rows, holds" << rows.size();
+        qCInfo(lcBedrockHousehold) << what << "announces" << count << "rows, holds" << rows.size();
     return rows;
 }
 

@@ -1,7 +1,6 @@
 // SHA-256 block functions and the choice between them. Internal.
 #pragma once
 
-#include "libbedrock_export.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -14,18 +13,18 @@ using Sha256Compress = void (*)(std::uint32_t state[8], const std::uint8_t* bloc
 
 extern const std::uint32_t sha256RoundConstants[64];
 
-LIBBEDROCK_EXPORT void sha256CompressPortable(std::uint32_t state[8], const std::uint8_t* blocks,
+void sha256CompressPortable(std::uint32_t state[8], const std::uint8_t* blocks,
                                               std::size_t count);
 
 // The x86 SHA extensions kernel; null where the build target has none.
-LIBBEDROCK_EXPORT extern const Sha256Compress sha256CompressShaExtensions;
+extern const Sha256Compress sha256CompressShaExtensions;
 
 // True when this processor can run the SHA extensions kernel.
-LIBBEDROCK_EXPORT bool sha256ShaExtensionsAvailable();
+bool sha256ShaExtensionsAvailable();
 
 // Selects the kernel for every SHA256 object in the process. Asking for the
 // extensions where they are missing keeps the portable code. Returns whether
 // the extensions are in use afterwards. Meant for tests and benchmarks.
-LIBBEDROCK_EXPORT bool sha256UseShaExtensions(bool use);
+bool sha256UseShaExtensions(bool use);
 
 } // namespace Bedrock

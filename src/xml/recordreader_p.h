@@ -2,7 +2,6 @@
 #pragma once
 
 #include "cstring.h"
-#include "libbedrock_export.h"
 
 #include <cstddef>
 #include <map>
@@ -20,7 +19,7 @@ namespace Bedrock {
  * and the caller takes the general, guarded XML path. The two give the same
  * map wherever this one answers; a fuzz target holds them to it.
  */
-LIBBEDROCK_EXPORT bool readFieldRecord(const char* text, std::size_t length,
+bool readFieldRecord(const char* text, std::size_t length,
                                        std::map<std::string, CString>& out);
 
 } // namespace Bedrock

@@ -1,10 +1,10 @@
 #include "templateengine.h"
 
+#include "logging_p.h"
 #include "xmlguard.h"
 #include "xmlreaders.h"
 
 #include <QFile>
-#include <QLoggingCategory>
 #include <QTextStream>
 
 #include <tinyxml.h>
@@ -13,10 +13,6 @@
 #include <vector>
 
 namespace {
-
-// Template authors and older tools look for this line in the "default"
-// category, so it does not go to the library's own bedrock.* categories.
-Q_LOGGING_CATEGORY(lcTemplateDefault, "default", QtInfoMsg)
 
 using ValueMap = std::map<std::string, CString>;
 

@@ -1,16 +1,15 @@
 #include "xmlguard.h"
 
+#include "logging_p.h"
+
 #include <QByteArray>
 #include <QFile>
-#include <QLoggingCategory>
 
 #include <cstring>
 #include <string>
 #include <string_view>
 
 namespace {
-
-Q_LOGGING_CATEGORY(lcBedrockXml, "bedrock.xml", QtInfoMsg)
 
 // The parser reads past a multi-byte lead at the very end of its text; this
 // many NULs after the text keep every such read inside the buffer.

@@ -15,7 +15,7 @@ constexpr int SaltAt = 4 + Bedrock::ArchiveCipher::HeaderBytes;
 constexpr int NonceAt = SaltAt + Bedrock::ArchiveCipher::SaltBytes;
 constexpr int CipherAt = NonceAt + Bedrock::ArchiveCipher::NonceBytes;
 
-int archiveInfos = 0; // info messages of "bedrock.archive" in the current test
+int archiveInfos = 0; // info messages of "bedrock.filing" in the current test
 QtMessageHandler qtHandler = nullptr;
 QLoggingCategory::CategoryFilter qtFilter = nullptr;
 
@@ -61,12 +61,12 @@ private Q_SLOTS:
         // ctest switches bedrock info messages off; these tests count the archive's.
         qtFilter = QLoggingCategory::installFilter([](QLoggingCategory* category) {
             qtFilter(category);
-            if (qstrcmp(category->categoryName(), "bedrock.archive") == 0)
+            if (qstrcmp(category->categoryName(), "bedrock.filing") == 0)
                 category->setEnabled(QtInfoMsg, true);
         });
         qtHandler = qInstallMessageHandler(
             [](QtMsgType type, const QMessageLogContext& context, const QString& text) {
-                if (type == QtInfoMsg && qstrcmp(context.category, "bedrock.archive") == 0)
+                if (type == QtInfoMsg && qstrcmp(context.category, "bedrock.filing") == 0)
                     ++archiveInfos;
                 else
                     qtHandler(type, context, text);
