@@ -19,8 +19,7 @@ QByteArray recordText(int fields)
     return text + "</m>";
 }
 
-template <typename Block, typename... Key>
-void storeAndLoad(benchmark::State& state, Key... key)
+template<typename Block, typename... Key> void storeAndLoad(benchmark::State& state, Key... key)
 {
     const QByteArray text = recordText(int(state.range(0)));
     for (auto _ : state) {

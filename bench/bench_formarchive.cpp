@@ -44,21 +44,28 @@ struct Form : CTaxData_Form {
         for (int i = 0; i < 100; ++i) {
             CField* field;
             switch (i % 10) {
-            case 0: case 1: case 2: case 3:
+            case 0:
+            case 1:
+            case 2:
+            case 3:
                 field = floats.emplace_back(new CFloatField(seed * 1.5 + i * 100.25, i)).get();
                 break;
-            case 4: case 5:
+            case 4:
+            case 5:
                 field = ints.emplace_back(new CIntField(i, seed + i)).get();
                 break;
-            case 6: case 7:
+            case 6:
+            case 7:
                 field = texts.emplace_back(new CStringField(i, "12 Main Street & Sons", 60)).get();
                 break;
             case 8:
                 field = bools.emplace_back(new CBoolField(i, seed & 1)).get();
                 break;
             default:
-                field = dates.emplace_back(new CDateField(QDate(2025, 1 + i % 12, 1 + seed % 28),
-                                                          false, FIELD_ATTR_NONE, 0, 0x10000)).get();
+                field = dates
+                            .emplace_back(new CDateField(QDate(2025, 1 + i % 12, 1 + seed % 28),
+                                                         false, FIELD_ATTR_NONE, 0, 0x10000))
+                            .get();
             }
             m_fields.push_back(field);
             field->m_name = "fld_" + std::to_string(10000 + i * 100);

@@ -16,8 +16,7 @@ constexpr int skeletonLines = 10000;
  * optional lines whose key is absent (dropped), pre-built XML parts, some
  * blank lines, and values that need escaping.
  */
-struct Skeleton
-{
+struct Skeleton {
     QString text;
     std::map<std::string, CString> values;
 };
@@ -37,14 +36,16 @@ const Skeleton& skeleton()
                 break;
             case 1:
                 s.text += "    <Name>$$(N" + n + ")</Name>\n";
-                s.values["N" + n.toStdString()] = CString(QStringLiteral("Lévesque & Fils <Québec>"));
+                s.values["N" + n.toStdString()]
+                    = CString(QStringLiteral("Lévesque & Fils <Québec>"));
                 break;
             case 4:
                 s.text += "    <Optional>$$(O" + n + "0)</Optional>\n";
                 break;
             case 7:
                 s.text += "$$($P" + n + ")\n";
-                s.values["$P" + n.toStdString()] = CString(QStringLiteral("<Part><Amt>1.00</Amt></Part>"));
+                s.values["$P" + n.toStdString()]
+                    = CString(QStringLiteral("<Part><Amt>1.00</Amt></Part>"));
                 break;
             case 9:
                 s.text += "\n";
@@ -60,8 +61,7 @@ const Skeleton& skeleton()
 }
 
 // Each run reads the skeleton through a fresh stream into a fresh output.
-template<typename Fill>
-void overSkeleton(benchmark::State& state, Fill fill)
+template<typename Fill> void overSkeleton(benchmark::State& state, Fill fill)
 {
     const Skeleton& s = skeleton();
     for (auto _ : state) {
@@ -89,9 +89,10 @@ void BM_LineCopyBaseline(benchmark::State& state)
 
 void BM_TemplateEngine(benchmark::State& state)
 {
-    overSkeleton(state, [](QTextStream& in, CString& out, const std::map<std::string, CString>& values) {
-        return processStringTemplatePartInString(out, in, values, 4) == 0;
-    });
+    overSkeleton(state,
+                 [](QTextStream& in, CString& out, const std::map<std::string, CString>& values) {
+                     return processStringTemplatePartInString(out, in, values, 4) == 0;
+                 });
 }
 
 } // namespace

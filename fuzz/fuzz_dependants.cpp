@@ -15,7 +15,6 @@ constexpr int Versions[] = { 0x100b1, 0x100db, 0x101F4, 0x10210, 0x10211, 0x1030
 // Every row takes at least its fixed head on the stream.
 constexpr qint64 RowHeadBytes = 184;
 
-
 void exercise(DependantInfoStruct& list, qint64 inputSize)
 {
     if (list.m_nCount < 0 || qint64(list.m_nCount) * RowHeadBytes > inputSize

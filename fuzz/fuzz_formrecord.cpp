@@ -29,7 +29,8 @@ struct Form : CTaxData_Form {
     Form()
         : CTaxData_Form(ENUM_FORM_T1)
     {
-        for (CField* f : std::initializer_list<CField*> { &count, &amount, &text, &flag, &date, &stamp })
+        for (CField* f :
+             std::initializer_list<CField*> { &count, &amount, &text, &flag, &date, &stamp })
             m_fields.push_back(f);
         count.m_name = "a";
         amount.m_name = "b";

@@ -1,8 +1,8 @@
 // Arbitrary bytes as a medical expense record: the first byte picks the
 // archive version, the rest is loaded through a buffer and through a device
 // that hides its size; the record is then copied, compared, cleared and stored.
-#include "medexpinfo.h"
 #include "fuzzrows.h"
+#include "medexpinfo.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -15,7 +15,6 @@ constexpr int Versions[] = { 0x100d1, 0x100d2, 0x10185, 0x10300 };
 constexpr int DefaultRows = 12;
 // The smallest row that an archive with rows holds: five amounts.
 constexpr qint64 MinRowBytes = 5 * 8;
-
 
 void exercise(_MedExpInfoStruct& rec, qint64 inputSize)
 {

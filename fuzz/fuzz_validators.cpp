@@ -89,10 +89,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const CIntField prov(selector >> 4), country((selector >> 2) & 3);
     std::list<CString> messages;
     long count = 0;
-    const long a = validateAddr(count, messages, number, street, city, prov, country, postal,
-                                "%s%s", "!");
-    const long b = validateAddr2(count, messages, number, street, city, prov, country, postal,
-                                 "%s", nullptr);
+    const long a
+        = validateAddr(count, messages, number, street, city, prov, country, postal, "%s%s", "!");
+    const long b = validateAddr2(count, messages, number, street, city, prov, country, postal, "%s",
+                                 nullptr);
     if (a < 0 || a > 4 || b < 0 || b > 4 || count != a + b || long(messages.size()) != count)
         __builtin_trap();
     std::list<CString> list(parts.begin(), parts.end());

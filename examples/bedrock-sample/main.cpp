@@ -50,15 +50,15 @@ void show(const char* label, CField& field)
     out() << QStringLiteral("  %1 = %2").arg(QString::fromLatin1(label), -22).arg(text) << '\n';
 }
 
-
 void showForm(const char* title, SampleForm& form)
 {
     out() << title << '\n';
     for (CField* field : form.m_fields) {
         CString text;
         field->toString(text);
-        out() << QStringLiteral("  %1 = %2").arg(QString::fromStdString(field->m_name), -22).arg(text)
-              << '\n';
+        out()
+            << QStringLiteral("  %1 = %2").arg(QString::fromStdString(field->m_name), -22).arg(text)
+            << '\n';
     }
     CString total;
     form.ws5000.fld_total.toString(total);
@@ -183,8 +183,8 @@ void showHousehold(const char* title, DependantInfoStruct& dependants, _MedExpIn
     show("disability transfer (58480), dependant 3:       ", form.disabilityTransfer.fld_claim);
     show("medical for other dependants (33199), dep. 3:   ", form.medical.AmountClaim);
     out() << "  dependants under 18: " << dependants.GetDepNumberBetweenAges(0, 17)
-          << ", infirm or disabled 18 and over: " << dependants.GetInfirmDependantsNumberNotUnderAge(18)
-          << '\n';
+          << ", infirm or disabled 18 and over: "
+          << dependants.GetInfirmDependantsNumberNotUnderAge(18) << '\n';
 }
 
 bool sampleHousehold(const QString& path, const CString& key)
@@ -192,7 +192,10 @@ bool sampleHousehold(const QString& path, const CString& key)
     constexpr unsigned int version = ArchiveVersion;
     DependantInfoStruct dependants;
     dependants.AllocData(3);
-    setDependant(dependants.m_pData[0], "L\xe9" "a", "Tremblay", QDate(2012, 5, 14), 1, 0.0, 0);
+    setDependant(dependants.m_pData[0],
+                 "L\xe9"
+                 "a",
+                 "Tremblay", QDate(2012, 5, 14), 1, 0.0, 0);
     setDependant(dependants.m_pData[1], "Gaston", "Tremblay", QDate(1941, 11, 2), 2, 5200.0, 1);
     setDependant(dependants.m_pData[2], "Marc", "Tremblay", QDate(2001, 8, 30), 8, 4120.0, 2);
     _MedExpInfoStruct medical;
@@ -252,7 +255,8 @@ bool sampleHousehold(const QString& path, const CString& key)
     const bool same = loadedDependants == dependants && loadedMedical == medical
         && !(loadedForm != form)
         && loadedForm.caregiver.AmountClaim.m_value == form.caregiver.AmountClaim.m_value
-        && loadedForm.disabilityTransfer.fld_claim.m_value == form.disabilityTransfer.fld_claim.m_value;
+        && loadedForm.disabilityTransfer.fld_claim.m_value
+            == form.disabilityTransfer.fld_claim.m_value;
     out() << "  the household came back whole: " << (same ? "yes" : "NO") << '\n';
     out().flush();
     return same;
@@ -272,12 +276,11 @@ struct Person {
 bool sampleValidation()
 {
     const Person people[] = {
-        { "Renée Tremblay", "046 454 286", "221", "Rue Sainte-Catherine", "Montréal",
-          ENUM_PROV_QC, "H2X 1Y4" },
-        { "Léa Tremblay", "046 454 287", "", "Rue Sainte-Catherine", "Montréal",
-          ENUM_PROV_QC, "H2X1Y4" },
-        { "Gaston Tremblay", "123 456 782", "12", "Main Street", "", ENUM_PROV_ON,
-          "K1A 0B1" },
+        { "Renée Tremblay", "046 454 286", "221", "Rue Sainte-Catherine", "Montréal", ENUM_PROV_QC,
+          "H2X 1Y4" },
+        { "Léa Tremblay", "046 454 287", "", "Rue Sainte-Catherine", "Montréal", ENUM_PROV_QC,
+          "H2X1Y4" },
+        { "Gaston Tremblay", "123 456 782", "12", "Main Street", "", ENUM_PROV_ON, "K1A 0B1" },
     };
     out() << "\nIdentity and address checks:\n";
     int problems = 0;
@@ -299,9 +302,9 @@ bool sampleValidation()
                      "Please enter the %s%s.", "");
         const ENUMTYPE_PROVINCE fromPostal
             = CPostCodeInfo::GetInstance()->ProvFromPostCode(person.postalCode);
-        out() << "  " << person.name << ": SIN " << (sinOk ? "valid" : "INVALID")
-              << ", name " << (nameOk ? "valid" : "INVALID") << ", postal code "
-              << person.postalCode << " is in " << Global_Provs_Info[fromPostal].shortName
+        out() << "  " << person.name << ": SIN " << (sinOk ? "valid" : "INVALID") << ", name "
+              << (nameOk ? "valid" : "INVALID") << ", postal code " << person.postalCode
+              << " is in " << Global_Provs_Info[fromPostal].shortName
               << (fromPostal == person.province ? "" : " (not the province given)") << '\n';
         for (const CString& message : messages)
             out() << "    " << message << '\n';
@@ -349,15 +352,17 @@ bool sampleFiling(const QString& directory)
     std::map<std::string, CString> parts;
     if (parseXMLFilePartIntoMap(FilingParts, parts) != 0)
         return false;
-    std::map<std::string, CString> fill {
-        { "name", form.fld_Name.m_text }, { "sin", CString("046454286") },
-        { "count", CString(QString::number(count)) }, { "$records", records } };
+    std::map<std::string, CString> fill { { "name", form.fld_Name.m_text },
+                                          { "sin", CString("046454286") },
+                                          { "count", CString(QString::number(count)) },
+                                          { "$records", records } };
     CString filing;
     for (const char* part : { "header", "lines", "footer" }) {
         if (processStringTemplatePartInString(filing, parts[part], fill, 4) != 0)
             return false;
     }
-    const QString filingPath = QDir(directory).filePath(QStringLiteral("bedrock-sample-netfile.xml"));
+    const QString filingPath
+        = QDir(directory).filePath(QStringLiteral("bedrock-sample-netfile.xml"));
     QFile filingFile(filingPath);
     if (!filingFile.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return false;
@@ -374,7 +379,8 @@ bool sampleFiling(const QString& directory)
     FixedBarcodeItem income(&items, 10);
     income.SetValueLeftPadding(QByteArray::number(form.fld_10100.getIntVal(true)).constData(), '0');
     items.OutputToMemoryBlock(barcode);
-    const QString blocksPath = QDir(directory).filePath(QStringLiteral("bedrock-sample-blocks.bin"));
+    const QString blocksPath
+        = QDir(directory).filePath(QStringLiteral("bedrock-sample-blocks.bin"));
     QFile blocksFile(blocksPath);
     if (!blocksFile.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return false;
@@ -383,12 +389,13 @@ bool sampleFiling(const QString& directory)
     barcode.WriteToT1BarcodeArchive(blocks);
 
     out() << "\nFiling:\n  " << count << " NETFILE line records, in the filled skeleton at "
-          << filingPath << ":\n" << filing;
+          << filingPath << ":\n"
+          << filing;
     CString t1013Text;
     t1013.GetContent(t1013Text);
     out() << "  T1013 record block (" << t1013.GetContentSize() << " bytes): " << t1013Text
-          << "\n  barcode block (" << barcode.GetContentSize() << " bytes): "
-          << QByteArray(barcode.GetData(), barcode.GetContentSize())
+          << "\n  barcode block (" << barcode.GetContentSize()
+          << " bytes): " << QByteArray(barcode.GetData(), barcode.GetContentSize())
           << "\n  both blocks written to " << blocksPath << '\n';
     out().flush();
     return count == 2;
@@ -431,7 +438,8 @@ int main(int argc, char** argv)
     rate = 0.123456; // rounds to cents, prints four decimals
     CStringField name(0, "", 60, 0x10000);
     name.m_name = "m_Name";
-    name.m_text.LoadString("  Ren\xc3\xa9" "e   O'Brien & Sons  ");
+    name.m_text.LoadString("  Ren\xc3\xa9"
+                           "e   O'Brien & Sons  ");
     name.ValidateAndCorrect();
     CStringField street(0, "C/O: 12 Main St", 60, 0x10000);
     street.m_name = "m_Street";
@@ -445,8 +453,10 @@ int main(int argc, char** argv)
     CFloatFieldNotused oldAmount(0x10000, 0x10100);
     oldAmount.m_name = "fld_notused_1";
 
-    std::vector<CField*> fields { &dependants, &income, &loss, &wholeDollars, &share, &rate,
-                                  &name, &street, &resident, &birth, &stamp, &oldAmount };
+    std::vector<CField*> fields {
+        &dependants, &income, &loss,     &wholeDollars, &share, &rate,
+        &name,       &street, &resident, &birth,        &stamp, &oldAmount
+    };
     show("dependants", dependants);
     show("income 52345.675", income);
     show("loss -1200 clamped", loss);
@@ -481,8 +491,8 @@ int main(int argc, char** argv)
         const QByteArray bytes = record.toUtf8();
         block.Append(bytes.constData(), int(bytes.size()));
         block.WriteToReturnArchive(stream);
-        out() << "\nStored " << bytes.size() << " bytes as " << file.size() << " enciphered bytes in "
-              << path << '\n';
+        out() << "\nStored " << bytes.size() << " bytes as " << file.size()
+              << " enciphered bytes in " << path << '\n';
     }
 
     // Read it back with the same key, then with a wrong one.
@@ -496,9 +506,11 @@ int main(int argc, char** argv)
         CString back;
         block.GetContent(back);
         const bool same = back == record;
-        out() << (tryKey == key ? "\nRead back with the same key: " : "Read back with a wrong key: ")
+        out() << (tryKey == key ? "\nRead back with the same key: "
+                                : "Read back with a wrong key: ")
               << block.GetContentSize() << " bytes"
-              << (same ? ", identical to what was stored" : (back.isEmpty() ? ", nothing" : ", DIFFERENT"))
+              << (same ? ", identical to what was stored"
+                       : (back.isEmpty() ? ", nothing" : ", DIFFERENT"))
               << '\n';
         if (tryKey == key && !same)
             return 1;

@@ -6,8 +6,8 @@
 
 #include <climits>
 #include <cmath>
-#include <cstdio>
 #include <cstdint>
+#include <cstdio>
 #include <utility>
 
 namespace {
@@ -45,17 +45,37 @@ int64_t daysFromYearStart(int64_t year, int64_t month, int64_t day)
         return day + 31;
     int64_t offset;
     switch (month) {
-    case 3: offset = 0; break;
-    case 4: offset = 31; break;
-    case 5: offset = 61; break;
-    case 6: offset = 92; break;
-    case 7: offset = 122; break;
-    case 8: offset = 153; break;
-    case 9: offset = 184; break;
-    case 10: offset = 214; break;
-    case 11: offset = 245; break;
+    case 3:
+        offset = 0;
+        break;
+    case 4:
+        offset = 31;
+        break;
+    case 5:
+        offset = 61;
+        break;
+    case 6:
+        offset = 92;
+        break;
+    case 7:
+        offset = 122;
+        break;
+    case 8:
+        offset = 153;
+        break;
+    case 9:
+        offset = 184;
+        break;
+    case 10:
+        offset = 214;
+        break;
+    case 11:
+        offset = 245;
+        break;
     // December and every out-of-range month alike: old files hold month 0 and 13.
-    default: offset = 275; break;
+    default:
+        offset = 275;
+        break;
     }
     return day + (isLeapYear(year) ? 60 : 59) + offset;
 }
@@ -110,14 +130,36 @@ void FormatQDate(CString& out, QDate date, int code)
     const char* format = nullptr;
     const char* zero = nullptr;
     switch (code) {
-    case 5: format = "hh:mm"; zero = "00:00"; break;
-    case 6: format = "yyyyMM"; zero = "000000"; break;
-    case 7: format = "MMdd"; zero = "0000"; break;
-    case 8: format = "dd/MM/yy"; zero = "00/00/00"; break;
-    case 10: format = "dd/MM/yyyy"; zero = "00/00/0000"; break;
-    case 18: format = "yyyyMMdd"; zero = "00000000"; break;
-    case 19: format = "yyyy-MM-dd"; zero = "0000-00-00"; break;
-    default: return;
+    case 5:
+        format = "hh:mm";
+        zero = "00:00";
+        break;
+    case 6:
+        format = "yyyyMM";
+        zero = "000000";
+        break;
+    case 7:
+        format = "MMdd";
+        zero = "0000";
+        break;
+    case 8:
+        format = "dd/MM/yy";
+        zero = "00/00/00";
+        break;
+    case 10:
+        format = "dd/MM/yyyy";
+        zero = "00/00/0000";
+        break;
+    case 18:
+        format = "yyyyMMdd";
+        zero = "00000000";
+        break;
+    case 19:
+        format = "yyyy-MM-dd";
+        zero = "0000-00-00";
+        break;
+    default:
+        return;
     }
     if (!date.isValid()) {
         out = zero;
@@ -240,8 +282,8 @@ int GetDaysBetween(QDate from, QDate to)
     // between are counted in closed form, never one by one.
     const int64_t wholeYears = yt - yf - 1;
     const int64_t leaps = leapYearsUpTo(yt - 1) - leapYearsUpTo(yf);
-    const int64_t days = daysInYear(yf) - dayOfYear(from) + 1 + wholeYears * 365 + leaps
-        + dayOfYear(to);
+    const int64_t days
+        = daysInYear(yf) - dayOfYear(from) + 1 + wholeYears * 365 + leaps + dayOfYear(to);
     return saturate(days);
 }
 
@@ -313,13 +355,11 @@ int GetDaysWithinYear(QDate from, QDate to, int year)
 
 DateAsDouble::DateAsDouble(const QDate& date)
     : m_value(convertDateToDouble(date))
-{
-}
+{ }
 
 DateAsDouble::DateAsDouble(double value)
     : m_value(value)
-{
-}
+{ }
 
 double DateAsDouble::convertDateToDouble(const QDate& date)
 {

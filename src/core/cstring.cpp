@@ -43,8 +43,7 @@ std::string untilNul(const QByteArray& bytes)
 
 CString::CString(const char* latin1)
     : QString(latin1Text(latin1))
-{
-}
+{ }
 
 CString& CString::operator=(const QString& other)
 {

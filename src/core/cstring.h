@@ -22,10 +22,16 @@
 class LIBBEDROCK_EXPORT CString : public QString
 {
 public:
-    CString() : QString(QLatin1String("")) { }
+    CString()
+        : QString(QLatin1String(""))
+    { }
     CString(const char* latin1);
-    CString(const QString& other) : QString(other) { }
-    CString(QString&& other) noexcept : QString(std::move(other)) { }
+    CString(const QString& other)
+        : QString(other)
+    { }
+    CString(QString&& other) noexcept
+        : QString(std::move(other))
+    { }
     CString(const CString&) = default;
     CString(CString&&) noexcept = default;
     CString& operator=(const CString&) = default;
@@ -76,8 +82,7 @@ public:
 };
 
 // Lets CString take part in QStringBuilder concatenations (QT_USE_QSTRINGBUILDER).
-template <>
-struct QConcatenable<CString> : QConcatenable<QString> {
+template<> struct QConcatenable<CString> : QConcatenable<QString> {
     using type = CString;
 };
 

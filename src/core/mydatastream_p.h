@@ -7,8 +7,7 @@ namespace Bedrock {
 
 // Reads one value through the stream's operator. A cut archive leaves `value`
 // as it was: bad archive content never replaces what an object holds.
-template <typename T>
-bool readKeeping(MyDataStream& stream, T& value)
+template<typename T> bool readKeeping(MyDataStream& stream, T& value)
 {
     T read {};
     stream >> read;

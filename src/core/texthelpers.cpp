@@ -270,7 +270,8 @@ unsigned long findCaseInsensitive(std::string hay, std::string needle, unsigned 
     lower(hay);
     lower(needle);
     const size_t at = hay.find(needle, size_t(pos));
-    return at == std::string::npos ? static_cast<unsigned long>(-1) : static_cast<unsigned long>(at);
+    return at == std::string::npos ? static_cast<unsigned long>(-1)
+                                   : static_cast<unsigned long>(at);
 }
 
 void makeStringToFixLengthStringByTrailingSpaces(CString& out, char const* s, int n)
@@ -363,8 +364,8 @@ void formatStringToT2AddrForPrint(CString& out, char const* /*country*/, char co
 
 void getCurTimeStr(CString& out, char const* format)
 {
-    const QString f = (format && *format) ? QString::fromLatin1(format)
-                                          : QStringLiteral("yyyy-MM-dd HH:mm:ss");
+    const QString f
+        = (format && *format) ? QString::fromLatin1(format) : QStringLiteral("yyyy-MM-dd HH:mm:ss");
     out = QDateTime::currentDateTime().toString(f);
 }
 
@@ -387,8 +388,7 @@ void toHtmlOneLineItem(CString& out, std::string const& value, char const* label
                        char const* skipValue)
 {
     toHtmlItem(out, value, skipValue,
-               fromLatin1(label) + QLatin1String(": ") + fromUtf8(value)
-                   + QLatin1String("<br>\n"));
+               fromLatin1(label) + QLatin1String(": ") + fromUtf8(value) + QLatin1String("<br>\n"));
 }
 
 void toHtmlOneTableRow(CString& out, std::string const& value, char const* label,
@@ -456,8 +456,8 @@ void ReadNumberFromLineBeginIntoAList(CString& path, std::set<std::string>& out)
     while (!stream.atEnd()) {
         const QString line = stream.readLine(255);
         qsizetype start = 0;
-        while (start < line.size() && (line.at(start) == QLatin1Char(' ')
-                                       || line.at(start) == QLatin1Char('\t')))
+        while (start < line.size()
+               && (line.at(start) == QLatin1Char(' ') || line.at(start) == QLatin1Char('\t')))
             ++start;
         qsizetype end = start;
         while (end < line.size() && line.at(end) != QLatin1Char(' ')

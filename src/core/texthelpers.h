@@ -36,9 +36,8 @@ LIBBEDROCK_EXPORT bool stringEndwith(CString const& s, char const* suffix, bool 
 LIBBEDROCK_EXPORT unsigned long findCaseInsensitive(std::string hay, std::string needle,
                                                     unsigned long pos);
 LIBBEDROCK_EXPORT void makeStringToFixLengthStringByTrailingSpaces(CString& out, char const* s,
-                                                                  int n);
-LIBBEDROCK_EXPORT void formatStringToMaxCharsPerLine(CString const& s, int maxChars,
-                                                     CString& out);
+                                                                   int n);
+LIBBEDROCK_EXPORT void formatStringToMaxCharsPerLine(CString const& s, int maxChars, CString& out);
 // Always 104 characters: 30 + 30 + 30 + 2 + 2 + 10.
 LIBBEDROCK_EXPORT void formatStringToT2AddrIn104Letters(CString& out, char const* country,
                                                         char const* prov, char const* city,

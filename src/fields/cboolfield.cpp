@@ -4,19 +4,16 @@
 
 CBoolField::CBoolField(int value)
     : CBoolField(0, value, FIELD_ATTR_NONE, 0, ARCHIVE_VERSION_FIRST)
-{
-}
+{ }
 
 CBoolField::CBoolField(int id, int value)
     : CBoolField(id, value, FIELD_ATTR_NONE, 0, ARCHIVE_VERSION_FIRST)
-{
-}
+{ }
 
 CBoolField::CBoolField(int id, int value, ENUMTYPE_FIELD_ATTR attr, int tag, unsigned int version)
     : CField(id, false, version, ARCHIVE_VERSION_NO_END, attr, tag)
     , m_value(value)
-{
-}
+{ }
 
 CBoolField& CBoolField::operator=(const CBoolField& other)
 {

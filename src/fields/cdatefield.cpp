@@ -9,20 +9,17 @@ const QDate g_nullDate = QDate();
 
 CDateField::CDateField(ENUMTYPE_FIELD_ATTR attr)
     : CField(0, false, ARCHIVE_VERSION_FIRST, ARCHIVE_VERSION_NO_END, attr, 0)
-{
-}
+{ }
 
 CDateField::CDateField(int id, ENUMTYPE_FIELD_ATTR attr)
     : CField(id, false, ARCHIVE_VERSION_FIRST, ARCHIVE_VERSION_NO_END, attr, 0)
-{
-}
+{ }
 
 CDateField::CDateField(QDate value, bool allowNegative, ENUMTYPE_FIELD_ATTR attr, int tag,
                        unsigned int version)
     : CField(0, allowNegative, version, ARCHIVE_VERSION_NO_END, attr, tag)
     , m_value(value)
-{
-}
+{ }
 
 CDateField& CDateField::operator=(const CDateField& other)
 {
@@ -126,8 +123,7 @@ int CDateField::toString(CString& out)
 CDateTimeField::CDateTimeField(ENUMTYPE_FIELD_ATTR attr)
     : CField(0, false, ARCHIVE_VERSION_FIRST, ARCHIVE_VERSION_NO_END, attr, 0)
     , m_value(QDateTime::currentDateTime())
-{
-}
+{ }
 
 int CDateTimeField::readFromString(const CString& text)
 {

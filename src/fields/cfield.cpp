@@ -17,12 +17,12 @@ CField::CField(int id, bool allowNegative, unsigned int version, unsigned int ve
     , m_versionEnd(versionEnd)
     , m_attr(attr)
     , m_tag(tag)
-{
-}
+{ }
 
 CField::~CField() = default;
 
-void CField::Serialize(unsigned int, MyDataStream&) { }
+void CField::Serialize(unsigned int, MyDataStream&)
+{ }
 
 int CField::ValidateAndCorrect()
 {

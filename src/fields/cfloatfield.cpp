@@ -42,19 +42,16 @@ CFloatField::CFloatField(int version, int versionEnd)
     , m_bClampNegative(true)
     , m_bInversePrint(false)
     , m_nDecimalsToSave(2)
-{
-}
+{ }
 
 CFloatField::CFloatField(double value, int id)
     : CFloatField(true, value, id, false, FIELD_ATTR_NONE, 0, ARCHIVE_VERSION_FIRST)
-{
-}
+{ }
 
 CFloatField::CFloatField(double value, int id, bool allowNegative, unsigned int version,
                          ENUMTYPE_FIELD_ATTR attr)
     : CFloatField(true, value, id, allowNegative, attr, 0, version)
-{
-}
+{ }
 
 CFloatField::CFloatField(bool clampNegative, double value, int id, bool allowNegative,
                          ENUMTYPE_FIELD_ATTR attr, int tag, unsigned int version)
@@ -63,8 +60,7 @@ CFloatField::CFloatField(bool clampNegative, double value, int id, bool allowNeg
     , m_bClampNegative(clampNegative)
     , m_bInversePrint(false)
     , m_nDecimalsToSave(2)
-{
-}
+{ }
 
 CFloatField& CFloatField::operator=(const CFloatField& other)
 {

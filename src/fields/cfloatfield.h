@@ -81,8 +81,8 @@ class LIBBEDROCK_EXPORT CDecimalFloatField : public CFloatField
 {
 public:
     CDecimalFloatField(int decimals, double value, int id);
-    CDecimalFloatField(int decimals, double value, int id, bool allowNegative,
-                       unsigned int version, ENUMTYPE_FIELD_ATTR attr = FIELD_ATTR_NONE);
+    CDecimalFloatField(int decimals, double value, int id, bool allowNegative, unsigned int version,
+                       ENUMTYPE_FIELD_ATTR attr = FIELD_ATTR_NONE);
     CDecimalFloatField(int decimals, bool clampNegative, double value, int id, bool allowNegative,
                        ENUMTYPE_FIELD_ATTR attr, int tag, unsigned int version);
     using CFloatField::operator=;

@@ -4,19 +4,16 @@
 
 CIntField::CIntField(int value, ENUMTYPE_FIELD_ATTR attr)
     : CIntField(0, value, attr, 0, ARCHIVE_VERSION_FIRST)
-{
-}
+{ }
 
 CIntField::CIntField(int id, int value, ENUMTYPE_FIELD_ATTR attr)
     : CIntField(id, value, attr, 0, ARCHIVE_VERSION_FIRST)
-{
-}
+{ }
 
 CIntField::CIntField(int id, int value, ENUMTYPE_FIELD_ATTR attr, int tag, unsigned int version)
     : CField(id, false, version, ARCHIVE_VERSION_NO_END, attr, tag)
     , m_value(value)
-{
-}
+{ }
 
 CIntField& CIntField::operator=(const CIntField& other)
 {
@@ -58,9 +55,9 @@ int CIntField::writeToString(CString& out)
         return CField::writeToString(out);
     CString value;
     toString(value);
-    out = Bedrock::fillTemplate(QLatin1String("<f n=\"%1\" p=\"%2\">%3</f>"),
-                                { QString::fromStdString(m_name),
-                                  QString::fromStdString(m_printName), value });
+    out = Bedrock::fillTemplate(
+        QLatin1String("<f n=\"%1\" p=\"%2\">%3</f>"),
+        { QString::fromStdString(m_name), QString::fromStdString(m_printName), value });
     return 0;
 }
 

@@ -14,23 +14,20 @@ CStringField::CStringField(const char* text, int maxLen)
     : CField(0, false, ARCHIVE_VERSION_FIRST, ARCHIVE_VERSION_NO_END, FIELD_ATTR_NONE, 0)
     , m_text(text)
     , m_nMaxLen(maxLen)
-{
-}
+{ }
 
 CStringField::CStringField(int id, const char* text, int maxLen, unsigned int version)
     : CField(id, false, version, ARCHIVE_VERSION_NO_END, FIELD_ATTR_NONE, 0)
     , m_text(text)
     , m_nMaxLen(maxLen)
-{
-}
+{ }
 
-CStringField::CStringField(int id, const char* text, int maxLen, ENUMTYPE_FIELD_ATTR attr,
-                           int tag, unsigned int version)
+CStringField::CStringField(int id, const char* text, int maxLen, ENUMTYPE_FIELD_ATTR attr, int tag,
+                           unsigned int version)
     : CField(id, false, version, ARCHIVE_VERSION_NO_END, attr, tag)
     , m_text(text)
     , m_nMaxLen(maxLen)
-{
-}
+{ }
 
 void CStringField::setLargeSizeSerializeOption(unsigned int version, unsigned int size)
 {

@@ -14,7 +14,8 @@ class LIBBEDROCK_EXPORT CStringField : public CField
 {
 public:
     CStringField(const char* text = "", int maxLen = 0);
-    CStringField(int id, const char* text, int maxLen, unsigned int version = ARCHIVE_VERSION_FIRST);
+    CStringField(int id, const char* text, int maxLen,
+                 unsigned int version = ARCHIVE_VERSION_FIRST);
     CStringField(int id, const char* text, int maxLen, ENUMTYPE_FIELD_ATTR attr, int tag,
                  unsigned int version);
 

@@ -136,10 +136,10 @@ QByteArray seal(const std::string& keyText, const char* plain, int length)
     unsigned char* nonce = out + HeaderBytes + SaltBytes;
     randombytes_buf(nonce, NonceBytes);
     unsigned long long written = 0;
-    crypto_aead_xchacha20poly1305_ietf_encrypt(
-        nonce + NonceBytes, &written, reinterpret_cast<const unsigned char*>(plain),
-        static_cast<unsigned long long>(length), out, HeaderBytes + SaltBytes, nullptr, nonce,
-        key.data());
+    crypto_aead_xchacha20poly1305_ietf_encrypt(nonce + NonceBytes, &written,
+                                               reinterpret_cast<const unsigned char*>(plain),
+                                               static_cast<unsigned long long>(length), out,
+                                               HeaderBytes + SaltBytes, nullptr, nonce, key.data());
     sodium_memzero(key.data(), key.size());
     return envelope;
 }

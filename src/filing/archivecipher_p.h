@@ -1,7 +1,6 @@
 // The authenticated cipher of the return archive's blocks.
 #pragma once
 
-
 #include <QByteArray>
 
 #include <string>

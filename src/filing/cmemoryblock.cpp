@@ -22,8 +22,7 @@ CMemoryBlock::CMemoryBlock()
     , m_capacity(BlockSize)
     , m_size(0)
     , m_allocated(0)
-{
-}
+{ }
 
 CMemoryBlock::~CMemoryBlock()
 {

@@ -12,13 +12,11 @@ const char* const LibraryKeyText = "LibBedrock reserved area";
 
 CReservedArea::CReservedArea()
     : m_key(QString::fromLatin1(LibraryKeyText))
-{
-}
+{ }
 
 CReservedArea::CReservedArea(CString const& key)
     : m_key(key)
-{
-}
+{ }
 
 void CReservedArea::setString(int index, CString const& text)
 {

@@ -6,8 +6,7 @@
 
 CT1EncryptedMemoryBlock::CT1EncryptedMemoryBlock(CString const& key)
     : m_key(key.toUtf8().toStdString())
-{
-}
+{ }
 
 CT1EncryptedMemoryBlock::~CT1EncryptedMemoryBlock()
 {
@@ -17,8 +16,7 @@ CT1EncryptedMemoryBlock::~CT1EncryptedMemoryBlock()
 
 void CT1EncryptedMemoryBlock::WriteToReturnArchive(MyDataStream& s)
 {
-    const QByteArray envelope
-        = Bedrock::ArchiveCipher::seal(m_key, GetData(), GetContentSize());
+    const QByteArray envelope = Bedrock::ArchiveCipher::seal(m_key, GetData(), GetContentSize());
     s << qint32(envelope.size());
     if (!envelope.isEmpty())
         s.writeRawData(envelope.constData(), int(envelope.size()));

@@ -60,7 +60,9 @@ qint64 truncated(double v)
 class Emitter
 {
 public:
-    explicit Emitter(NetfileGenObjParamStru& p) : m_p(p) { }
+    explicit Emitter(NetfileGenObjParamStru& p)
+        : m_p(p)
+    { }
 
     CString& out() { return m_p.m_pOutput ? *m_p.m_pOutput : m_scratch; }
 
@@ -107,7 +109,8 @@ private:
 
 } // namespace
 
-NetfileValueRecord::NetfileValueRecord() : m_kind(0)
+NetfileValueRecord::NetfileValueRecord()
+    : m_kind(0)
 {
     std::memset(&m_value, 0, sizeof m_value);
 }

@@ -13,8 +13,7 @@ class CFloatField;
  * A value filed so far, kept for cross-checks between lines. The text member
  * is zero-filled, so it always holds a terminated string of at most 31 bytes.
  */
-struct LIBBEDROCK_EXPORT NetfileValueRecord
-{
+struct LIBBEDROCK_EXPORT NetfileValueRecord {
     enum Kind { Dollar = 1, DollarCent = 2, Number = 3, Text = 4 };
 
     NetfileValueRecord();
@@ -33,8 +32,7 @@ struct LIBBEDROCK_EXPORT NetfileValueRecord
  * the first value of each field code in *m_pValues. A null pointer leaves that
  * part out.
  */
-struct LIBBEDROCK_EXPORT NetfileGenObjParamStru
-{
+struct LIBBEDROCK_EXPORT NetfileGenObjParamStru {
     qint64 m_userData = 0;
     CString* m_pOutput = nullptr;
     int* m_pCount = nullptr;

@@ -5,6 +5,9 @@
 
 #include <iterator>
 
+// Aligned rows: the formatter leaves the tables alone.
+// clang-format off
+
 // Row n holds slip n.
 const STRUCT_SLIP_INFO Global_Slips_Info[ENUM_SLIP_COUNT] = {
     /*  0 */ {ENUM_SLIP_NONE, "N/A", "N/A", ""},
@@ -816,3 +819,4 @@ const ENUMTYPE_PROVINCE s_enum_prov_CAIS_T1273[] = {ENUM_PROV_NL, ENUM_PROV_NS, 
                                                      ENUM_PROV_MB, ENUM_PROV_BC, ENUM_PROV_NT,
                                                      ENUM_PROV_YT};
 const int s_enum_prov_CAIS_T1273_num = int(std::size(s_enum_prov_CAIS_T1273));
+// clang-format on

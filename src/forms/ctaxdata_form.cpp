@@ -75,18 +75,15 @@ CTaxData_Form::CTaxData_Form(int kind, short type)
 
 CTaxData_Form::CTaxData_Form(ENUMTYPE_FORM form)
     : CTaxData_Form(0, short(form))
-{
-}
+{ }
 
 CTaxData_Form::CTaxData_Form(ENUMTYPE_SLIP slip)
     : CTaxData_Form(1, short(slip))
-{
-}
+{ }
 
 CTaxData_Form::CTaxData_Form(ENUMTYPE_TAXWIZARD wizard)
     : CTaxData_Form(2, short(wizard))
-{
-}
+{ }
 
 CTaxData_Form::~CTaxData_Form()
 {
@@ -336,7 +333,8 @@ void CTaxData_Form::ReFileCompareFields(CTaxData_Form* other,
     }
 }
 
-void CTaxData_Form::Warning(std::list<CString>&) { }
+void CTaxData_Form::Warning(std::list<CString>&)
+{ }
 
 int CTaxData_Form::Validate(unsigned char, std::list<CString>&)
 {
@@ -351,7 +349,8 @@ void CTaxData_Form::ValidateAndCorrect()
     }
 }
 
-void CTaxData_Form::WriteNetfile(unsigned char, NetfileGenObjParamStru&) { }
+void CTaxData_Form::WriteNetfile(unsigned char, NetfileGenObjParamStru&)
+{ }
 
 void CTaxData_Form::SetDepInfo(DependantInfoStruct* info)
 {
@@ -372,8 +371,7 @@ void CTaxData_Form::addFieldOldName(const char* fieldName, const char* oldName)
 
 CProvinceTaxData_Form::CProvinceTaxData_Form(ENUMTYPE_FORM form)
     : CTaxData_Form(form)
-{
-}
+{ }
 
 CSharableTaxData_Form::CSharableTaxData_Form(ENUMTYPE_FORM form)
     : CTaxData_Form(form)

@@ -29,7 +29,10 @@ struct FileCloser {
 };
 using FilePtr = std::unique_ptr<FILE, FileCloser>;
 
-std::string orEmpty(const char* s) { return s ? std::string(s) : std::string(); }
+std::string orEmpty(const char* s)
+{
+    return s ? std::string(s) : std::string();
+}
 
 // Every occurrence in one left-to-right pass; what the removal joins is not searched again.
 std::string removeAll(const std::string& in, const std::string& what)
@@ -104,8 +107,8 @@ constexpr int kGroupSize = 5;
 
 using Placements = std::map<std::string, std::unique_ptr<XMLFieldInfoStruct>>;
 
-void readOldLayout(
-    const std::string& path, int (&groups)[kGroups][kGroupSize], Placements& placements)
+void readOldLayout(const std::string& path, int (&groups)[kGroups][kGroupSize],
+                   Placements& placements)
 {
     TiXmlDocument doc;
     if (!loadXmlFileSafely(doc, QFile::decodeName(QByteArray::fromStdString(path))))
@@ -141,8 +144,8 @@ void readOldLayout(
     }
 }
 
-const char* const kUnprintedParts[] = { "_notused", "_overwrite", "_t1con", "_ws", "fld_ws", "_LYA",
-    "DataFlag", "_t2203", "_condensed" };
+const char* const kUnprintedParts[] = { "_notused", "_overwrite", "_t1con", "_ws",       "fld_ws",
+                                        "_LYA",     "DataFlag",   "_t2203", "_condensed" };
 
 bool isPrinted(const std::string& name)
 {
@@ -163,8 +166,8 @@ void DotChangeToUnderscore(const std::string& in, std::string& out)
         out[dot] = '_';
 }
 
-void CTaxData_Form::WriteRadiantFormXmlFile(
-    const char* directory, const char* className, const char* fileName, unsigned int version)
+void CTaxData_Form::WriteRadiantFormXmlFile(const char* directory, const char* className,
+                                            const char* fileName, unsigned int version)
 {
     Q_UNUSED(version)
     const std::string file = orEmpty(fileName);
@@ -224,8 +227,8 @@ void CTaxData_Form::WriteRadiantFormXmlFile(
     std::fputs("</form>\n", fp);
 }
 
-void CTaxData_Form::WriteXMLFile(
-    const char* directory, const char* className, const char* fileName, unsigned int version)
+void CTaxData_Form::WriteXMLFile(const char* directory, const char* className, const char* fileName,
+                                 unsigned int version)
 {
     Q_UNUSED(className)
     const std::string file = orEmpty(fileName);
@@ -270,7 +273,8 @@ void CTaxData_Form::WriteXMLFile(
     std::fputs("</form>\n", fp);
 }
 
-void CTaxData_Form::WriteFieldInXMLFile(FILE* file, const std::string& name,
+void CTaxData_Form::WriteFieldInXMLFile(
+    FILE* file, const std::string& name,
     const std::map<std::string, XMLFieldInfoStruct*>& placements)
 {
     if (!file)
@@ -382,19 +386,19 @@ void CTaxData_Form::WriteJavaFileDeclaration(FILE* file)
         switch (field->getFieldType()) {
         case FIELD_TYPE_INT:
             if (id != 0)
-                std::fprintf(
-                    file, "IntField %s = new IntField(\"%s\", -1, \"%d\", %d", name, name, id, tag);
+                std::fprintf(file, "IntField %s = new IntField(\"%s\", -1, \"%d\", %d", name, name,
+                             id, tag);
             else
-                std::fprintf(
-                    file, "IntField %s = new IntField(\"%s\", -1, null, %d", name, name, tag);
+                std::fprintf(file, "IntField %s = new IntField(\"%s\", -1, null, %d", name, name,
+                             tag);
             break;
         case FIELD_TYPE_BOOL:
             if (id != 0)
-                std::fprintf(
-                    file, "BoolField %s = new BoolField(\"%s\", \"%d\", %d", name, name, id, tag);
+                std::fprintf(file, "BoolField %s = new BoolField(\"%s\", \"%d\", %d", name, name,
+                             id, tag);
             else
-                std::fprintf(
-                    file, "BoolField %s = new BoolField(\"%s\", null, %d", name, name, tag);
+                std::fprintf(file, "BoolField %s = new BoolField(\"%s\", null, %d", name, name,
+                             tag);
             break;
         case FIELD_TYPE_STRING: {
             auto* s = dynamic_cast<CStringField*>(field);
@@ -402,19 +406,19 @@ void CTaxData_Form::WriteJavaFileDeclaration(FILE* file)
                 continue;
             if (id != 0)
                 std::fprintf(file, "StringField %s = new StringField(\"%s\", %d, \"%d\", %d", name,
-                    name, s->m_nMaxLen, id, tag);
+                             name, s->m_nMaxLen, id, tag);
             else
                 std::fprintf(file, "StringField %s = new StringField(\"%s\", %d, null, %d", name,
-                    name, s->m_nMaxLen, tag);
+                             name, s->m_nMaxLen, tag);
             break;
         }
         case FIELD_TYPE_FLOAT:
             if (id != 0)
-                std::fprintf(
-                    file, "FloatField %s = new FloatField(\"%s\", \"%d\", %d", name, name, id, tag);
+                std::fprintf(file, "FloatField %s = new FloatField(\"%s\", \"%d\", %d", name, name,
+                             id, tag);
             else
-                std::fprintf(
-                    file, "FloatField %s = new FloatField(\"%s\", null, %d", name, name, tag);
+                std::fprintf(file, "FloatField %s = new FloatField(\"%s\", null, %d", name, name,
+                             tag);
             break;
         case FIELD_TYPE_DATE:
             std::fprintf(file, "DateField %s = new DateField(\"%s\"", name, name);
@@ -439,7 +443,10 @@ void CTaxData_Form::WriteJavaFileContruction(FILE* file)
     }
 }
 
-void CTaxData_Form::WriteJavaFileImplementation(FILE* file) { Q_UNUSED(file) }
+void CTaxData_Form::WriteJavaFileImplementation(FILE* file)
+{
+    Q_UNUSED(file)
+}
 
 void CTaxData_Form::FillTestPrintData()
 {
@@ -479,4 +486,7 @@ void CTaxData_Form::FillTestPrintData()
     }
 }
 
-void CTaxData_Form::GetXtraPrintFields(std::list<std::string>& names) { Q_UNUSED(names) }
+void CTaxData_Form::GetXtraPrintFields(std::list<std::string>& names)
+{
+    Q_UNUSED(names)
+}

@@ -1,9 +1,8 @@
 #include "dependantinfo.h"
 
-
 #include "calendar.h"
-#include "libbedrock_config.h"
 #include "household_p.h"
+#include "libbedrock_config.h"
 #include "logging_p.h"
 #include "mydatastream_p.h"
 
@@ -146,9 +145,14 @@ _OneDependantInfoStru::_OneDependantInfoStru()
     fld_medexp_attcare_notused.m_name = "fld_medexp_attcare_notused";
     fld_medexp_van_notused.m_name = "fld_medexp_van_notused";
     fld_medexp_move_notused.m_name = "fld_medexp_move_notused";
-    m_fields = { &fld_Infirm, &fld_InfirmNature, &fld_Addr, &fld_iProv,
-                 &fld_medexp_other_notused, &fld_medexp_attcare_notused,
-                 &fld_medexp_van_notused, &fld_medexp_move_notused };
+    m_fields = { &fld_Infirm,
+                 &fld_InfirmNature,
+                 &fld_Addr,
+                 &fld_iProv,
+                 &fld_medexp_other_notused,
+                 &fld_medexp_attcare_notused,
+                 &fld_medexp_van_notused,
+                 &fld_medexp_move_notused };
 }
 
 _OneDependantInfoStru::_OneDependantInfoStru(const _OneDependantInfoStru& other)
@@ -206,7 +210,8 @@ void _OneDependantInfoStru::serilize(int version, MyDataStream& stream)
         if (m_BirthDate.isValid()) {
             // Years outside 0..9999 do not fit the block and are cut to it.
             const QByteArray text = m_BirthDate.toString(QStringLiteral("yyyyMMdd")).toLatin1();
-            std::memcpy(date, text.constData(), size_t(std::min<qsizetype>(DateTextSize, text.size())));
+            std::memcpy(date, text.constData(),
+                        size_t(std::min<qsizetype>(DateTextSize, text.size())));
         }
         stream.Write(date, DateTextSize);
         stream << m_Relation << m_NetIncome;
@@ -346,10 +351,16 @@ DependantInfoStruct::DependantInfoStruct()
     fld_medexp_attcare_spouse_notused.m_name = "fld_medexp_attcare_spouse_notused";
     fld_medexp_van_spouse_notused.m_name = "fld_medexp_van_spouse_notused";
     fld_medexp_move_spouse_notused.m_name = "fld_medexp_move_spouse_notused";
-    m_fields = { &fld_medexp_notused, &fld_medexp_other_notused, &fld_medexp_attcare_notused,
-                 &fld_medexp_van_notused, &fld_medexp_move_notused, &fld_medexp_spouse_notused,
-                 &fld_medexp_other_spouse_notused, &fld_medexp_attcare_spouse_notused,
-                 &fld_medexp_van_spouse_notused, &fld_medexp_move_spouse_notused };
+    m_fields = { &fld_medexp_notused,
+                 &fld_medexp_other_notused,
+                 &fld_medexp_attcare_notused,
+                 &fld_medexp_van_notused,
+                 &fld_medexp_move_notused,
+                 &fld_medexp_spouse_notused,
+                 &fld_medexp_other_spouse_notused,
+                 &fld_medexp_attcare_spouse_notused,
+                 &fld_medexp_van_spouse_notused,
+                 &fld_medexp_move_spouse_notused };
 }
 
 DependantInfoStruct::DependantInfoStruct(const DependantInfoStruct& other)
@@ -555,8 +566,7 @@ int DependantInfoStruct::GetDepOtherThanChildrenNumberForLine305()
         const qint32 relation = row.m_Relation;
         const bool parent = relation >= RelationFather && relation <= RelationGrandMother;
         const bool sibling = relation == RelationBrother || relation == RelationSister;
-        if (parent
-            || (sibling && (birthYear(row) >= LIBBEDROCK_MINOR_BIRTH_YEAR || isInfirm(row))))
+        if (parent || (sibling && (birthYear(row) >= LIBBEDROCK_MINOR_BIRTH_YEAR || isInfirm(row))))
             ++n;
     }
     return n;

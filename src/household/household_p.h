@@ -19,9 +19,8 @@ namespace Bedrock {
  * least 1), and a cut archive keeps the complete rows read so far.
  */
 template<typename Row>
-std::vector<std::unique_ptr<Row>> readAnnouncedRows(MyDataStream& stream, int version,
-                                                    qint64 count, qint64 rowBytes,
-                                                    const char* what)
+std::vector<std::unique_ptr<Row>> readAnnouncedRows(MyDataStream& stream, int version, qint64 count,
+                                                    qint64 rowBytes, const char* what)
 {
     std::vector<std::unique_ptr<Row>> rows;
     QIODevice* device = stream.device();

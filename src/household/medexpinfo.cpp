@@ -46,8 +46,9 @@ _OneDepMedExpInfoStru::_OneDepMedExpInfoStru()
     fld_medexp_attcare.m_name = "fld_medexp_attcare";
     fld_medexp_van.m_name = "fld_medexp_van";
     fld_medexp_move.m_name = "fld_medexp_move";
-    m_fields = { &fld_medexp, &fld_disabled_nodisablityclaim, &fld_medexp_other,
-                 &fld_medexp_attcare, &fld_medexp_van, &fld_medexp_move };
+    m_fields = { &fld_medexp,       &fld_disabled_nodisablityclaim,
+                 &fld_medexp_other, &fld_medexp_attcare,
+                 &fld_medexp_van,   &fld_medexp_move };
 }
 
 _OneDepMedExpInfoStru::_OneDepMedExpInfoStru(const _OneDepMedExpInfoStru& other)
@@ -110,11 +111,18 @@ _MedExpInfoStruct::_MedExpInfoStruct()
     fld_medexp_van_spouse.m_name = "fld_medexp_van_spouse";
     fld_medexp_move_spouse.m_name = "fld_medexp_move_spouse";
     m_fields = { &fld_nDepNum,
-                 &fld_medexp, &fld_disabled_nodisablityclaim, &fld_medexp_other,
-                 &fld_medexp_attcare, &fld_medexp_van, &fld_medexp_move,
-                 &fld_medexp_spouse, &fld_disabled_nodisablityclaim_spouse,
-                 &fld_medexp_other_spouse, &fld_medexp_attcare_spouse,
-                 &fld_medexp_van_spouse, &fld_medexp_move_spouse };
+                 &fld_medexp,
+                 &fld_disabled_nodisablityclaim,
+                 &fld_medexp_other,
+                 &fld_medexp_attcare,
+                 &fld_medexp_van,
+                 &fld_medexp_move,
+                 &fld_medexp_spouse,
+                 &fld_disabled_nodisablityclaim_spouse,
+                 &fld_medexp_other_spouse,
+                 &fld_medexp_attcare_spouse,
+                 &fld_medexp_van_spouse,
+                 &fld_medexp_move_spouse };
 }
 
 _MedExpInfoStruct::_MedExpInfoStruct(const _MedExpInfoStruct& other)

@@ -10,8 +10,7 @@ namespace {
 const char base64Alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
 // 64 marks a byte outside the alphabet, "=" and the closing zero among them.
-struct DecodeTable
-{
+struct DecodeTable {
     unsigned char value[256];
     DecodeTable()
     {

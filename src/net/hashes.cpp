@@ -99,6 +99,7 @@ void finish(const std::uint8_t* buffer, std::size_t bufferSize, std::uint64_t nu
 
 } // namespace
 
+// clang-format off
 const std::uint32_t Bedrock::sha256RoundConstants[64] = {
     0x428a2f98, 0x71374491, 0xb5c0fbcf, 0xe9b5dba5, 0x3956c25b, 0x59f111f1, 0x923f82a4, 0xab1c5ed5,
     0xd807aa98, 0x12835b01, 0x243185be, 0x550c7dc3, 0x72be5d74, 0x80deb1fe, 0x9bdc06a7, 0xc19bf174,
@@ -109,6 +110,7 @@ const std::uint32_t Bedrock::sha256RoundConstants[64] = {
     0x19a4c116, 0x1e376c08, 0x2748774c, 0x34b0bcb5, 0x391c0cb3, 0x4ed8aa4a, 0x5b9cca4f, 0x682e6ff3,
     0x748f82ee, 0x78a5636f, 0x84c87814, 0x8cc70208, 0x90befffa, 0xa4506ceb, 0xbef9a3f7, 0xc67178f2
 };
+// clang-format on
 
 namespace {
 
@@ -130,22 +132,19 @@ void digestMidStream(unsigned char* out, std::uint32_t* hash, int words, Finish 
     std::memcpy(hash, saved, sizeof(std::uint32_t) * size_t(words));
 }
 
-template<typename Digest>
-std::string hexDigest(Digest& digest)
+template<typename Digest> std::string hexDigest(Digest& digest)
 {
     unsigned char raw[Digest::HashBytes];
     digest.getHash(raw);
     return toHex(raw, Digest::HashBytes);
 }
 
-template<typename Digest>
-std::string digestOf(Digest& digest, void const* data, unsigned long size)
+template<typename Digest> std::string digestOf(Digest& digest, void const* data, unsigned long size)
 {
     digest.reset();
     digest.add(data, size);
     return hexDigest(digest);
 }
-
 
 Bedrock::Sha256Compress chooseCompress(bool shaExtensions)
 {
@@ -158,7 +157,7 @@ Bedrock::Sha256Compress chooseCompress(bool shaExtensions)
 // The kernel every SHA256 object uses, picked once from what the CPU offers.
 std::atomic<Bedrock::Sha256Compress>& activeCompress()
 {
-    static std::atomic<Bedrock::Sha256Compress> active{chooseCompress(true)};
+    static std::atomic<Bedrock::Sha256Compress> active { chooseCompress(true) };
     return active;
 }
 
@@ -338,21 +337,24 @@ void SHA256::reset()
 
 void SHA256::processBlock(void const* data)
 {
-    activeCompress().load(std::memory_order_relaxed)(m_hash, static_cast<const std::uint8_t*>(data), 1);
+    activeCompress().load(std::memory_order_relaxed)(m_hash, static_cast<const std::uint8_t*>(data),
+                                                     1);
 }
 
 void SHA256::processBuffer()
 {
     const Bedrock::Sha256Compress compress = activeCompress().load(std::memory_order_relaxed);
-    finish(m_buffer, m_bufferSize, m_numBytes,
-           [this, compress](const std::uint8_t* b, std::size_t count) { compress(m_hash, b, count); });
+    finish(
+        m_buffer, m_bufferSize, m_numBytes,
+        [this, compress](const std::uint8_t* b, std::size_t count) { compress(m_hash, b, count); });
 }
 
 void SHA256::add(void const* data, unsigned long size)
 {
     const Bedrock::Sha256Compress compress = activeCompress().load(std::memory_order_relaxed);
-    feed(data, size, m_buffer, m_bufferSize, m_numBytes,
-         [this, compress](const std::uint8_t* b, std::size_t count) { compress(m_hash, b, count); });
+    feed(
+        data, size, m_buffer, m_bufferSize, m_numBytes,
+        [this, compress](const std::uint8_t* b, std::size_t count) { compress(m_hash, b, count); });
 }
 
 void SHA256::getHash(unsigned char* out)

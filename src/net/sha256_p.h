@@ -1,20 +1,18 @@
 // SHA-256 block functions and the choice between them. Internal.
 #pragma once
 
-
 #include <cstddef>
 #include <cstdint>
 
 namespace Bedrock {
 
 // Runs `count` consecutive 64-byte blocks through the compression function.
-using Sha256Compress = void (*)(std::uint32_t state[8], const std::uint8_t* blocks,
-                                std::size_t count);
+using Sha256Compress
+    = void (*)(std::uint32_t state[8], const std::uint8_t* blocks, std::size_t count);
 
 extern const std::uint32_t sha256RoundConstants[64];
 
-void sha256CompressPortable(std::uint32_t state[8], const std::uint8_t* blocks,
-                                              std::size_t count);
+void sha256CompressPortable(std::uint32_t state[8], const std::uint8_t* blocks, std::size_t count);
 
 // The x86 SHA extensions kernel; null where the build target has none.
 extern const Sha256Compress sha256CompressShaExtensions;

@@ -49,10 +49,10 @@ BEDROCK_SHA_TARGET void compressShaExtensions(std::uint32_t state[8], const std:
 
     __m128i abcd = _mm_loadu_si128(reinterpret_cast<const __m128i*>(state));
     __m128i efgh = _mm_loadu_si128(reinterpret_cast<const __m128i*>(state + 4));
-    abcd = _mm_shuffle_epi32(abcd, 0xb1);                 // CDAB
-    efgh = _mm_shuffle_epi32(efgh, 0x1b);                 // HGFE
-    __m128i abef = _mm_alignr_epi8(abcd, efgh, 8);        // ABEF
-    __m128i cdgh = _mm_blend_epi16(efgh, abcd, 0xf0);     // CDGH
+    abcd = _mm_shuffle_epi32(abcd, 0xb1); // CDAB
+    efgh = _mm_shuffle_epi32(efgh, 0x1b); // HGFE
+    __m128i abef = _mm_alignr_epi8(abcd, efgh, 8); // ABEF
+    __m128i cdgh = _mm_blend_epi16(efgh, abcd, 0xf0); // CDGH
 
     for (; count > 0; --count, blocks += 64) {
         const __m128i abefStart = abef;

@@ -125,7 +125,8 @@ void CAppConfig::finishReading()
     afterReadConfigFile();
 }
 
-void CAppConfig::afterReadConfigFile() { }
+void CAppConfig::afterReadConfigFile()
+{ }
 
 void CAppConfig::privAutoCheckOSType()
 {
@@ -200,7 +201,8 @@ ShowInFolderLauncher setShowInFolderLauncher(ShowInFolderLauncher launcher)
     return s_launcher.exchange(launcher ? launcher : &startDetachedLauncher);
 }
 
-bool showInFolderCommand(QString const& path, int platform, QString& program, QStringList& arguments)
+bool showInFolderCommand(QString const& path, int platform, QString& program,
+                         QStringList& arguments)
 {
     program.clear();
     arguments.clear();
@@ -209,11 +211,10 @@ bool showInFolderCommand(QString const& path, int platform, QString& program, QS
     if (platform == 2) {
         program = QStringLiteral("/usr/bin/osascript");
         arguments << QStringLiteral("-e") << QStringLiteral("tell application \"Finder\"")
-                  << QStringLiteral("-e") << QStringLiteral("activate")
-                  << QStringLiteral("-e")
+                  << QStringLiteral("-e") << QStringLiteral("activate") << QStringLiteral("-e")
                   << QStringLiteral("select POSIX file \"") + path + QStringLiteral("\"")
-                  << QStringLiteral("-e") << QStringLiteral("end tell")
-                  << QStringLiteral("-e") << QStringLiteral("return");
+                  << QStringLiteral("-e") << QStringLiteral("end tell") << QStringLiteral("-e")
+                  << QStringLiteral("return");
         return true;
     }
     const QFileInfo info(path);

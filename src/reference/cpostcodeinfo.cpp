@@ -38,8 +38,9 @@ void CPostCodeInfo::init()
     if (m_text.LoadFile(":/misc/res/postcode.txt") != 0)
         return;
     for (int row = 1; row <= ProvinceCount; ++row) {
-        const QByteArray marker
-            = QStringLiteral("[%1]").arg(QLatin1String(Global_Provs_Info[row].shortName)).toLatin1();
+        const QByteArray marker = QStringLiteral("[%1]")
+                                      .arg(QLatin1String(Global_Provs_Info[row].shortName))
+                                      .toLatin1();
         int pos = 0;
         m_sectionStarts[row - 1] = m_text.SearchString(marker.constData(), pos);
     }

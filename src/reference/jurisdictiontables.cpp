@@ -98,12 +98,13 @@ int xmlWriteTagForProvCode(CString& out, char const* tag, int country, int prov)
     return country;
 }
 
-EntityEntry::EntityEntry(int id) : m_id(id) { }
+EntityEntry::EntityEntry(int id)
+    : m_id(id)
+{ }
 
-void EntityEntry::update(QString const& first, QString const& last, int type,
-                         QString const& govId, QString const& addr1, QString const& a,
-                         QString const& b, QString const& postal, QString const& email,
-                         QString const& phone)
+void EntityEntry::update(QString const& first, QString const& last, int type, QString const& govId,
+                         QString const& addr1, QString const& a, QString const& b,
+                         QString const& postal, QString const& email, QString const& phone)
 {
     Q_UNUSED(a)
     m_firstName = first;

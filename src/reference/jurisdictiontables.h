@@ -124,8 +124,7 @@ LIBBEDROCK_EXPORT bool IsProvinceSupported(int province);
 LIBBEDROCK_EXPORT int xmlWriteTagForCountryCode(CString& out, char const* tag, int code);
 // The short name of `prov` for country 1 (province) or 2 (state); nothing for any
 // other country or a code outside the table. Returns `country`.
-LIBBEDROCK_EXPORT int xmlWriteTagForProvCode(CString& out, char const* tag, int country,
-                                             int prov);
+LIBBEDROCK_EXPORT int xmlWriteTagForProvCode(CString& out, char const* tag, int country, int prov);
 
 // One taxpayer entity of a list. Types: 2 corporation, 4 partnership, 8 trust;
 // anything below 2 is a person.
@@ -137,8 +136,8 @@ public:
     // An empty govId stores a placeholder by type. `a` is not stored: the member
     // after the address line keeps its value, as old lists expect.
     void update(QString const& first, QString const& last, int type, QString const& govId,
-                QString const& addr1, QString const& a, QString const& b,
-                QString const& postal, QString const& email, QString const& phone);
+                QString const& addr1, QString const& a, QString const& b, QString const& postal,
+                QString const& email, QString const& phone);
 
     QString getEntityTypeName() const;
     QString getName() const;

@@ -1,6 +1,9 @@
 // Jurisdiction, country, currency, First Nations and code tables, one per block.
 #include "jurisdictiontables.h"
 
+// Aligned rows: the formatter leaves the tables alone.
+// clang-format off
+
 // Rows are addressed by ENUMTYPE_PROVINCE.
 const STRUCT_PROVINCE_INFO Global_Provs_Info[Global_Provs_Num] = {
     /*  0 */ { 0, "Choose A Province", "", nullptr, nullptr },
@@ -477,4 +480,4 @@ const STRUCT_CODE_INFO Global_QC_ANNEXE3_Info[13] = {
     /* 11 */ { 11, "D\xe9" "duction pour soci\xe9t\xe9 manufacturi\xe8re innovante", "17" },
     /* 12 */ { 12, "Autres d\xe9" "ductions", "99" },
 };
-
+// clang-format on

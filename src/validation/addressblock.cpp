@@ -18,16 +18,16 @@ void addMessage(std::list<CString>& messages, const char* format, const char* su
     const QByteArray text = QCoreApplication::translate(kContext, label).toUtf8();
     // The format is the caller's; a missing one gives an empty message rather
     // than a null pointer handed to the formatter.
-    messages.push_back(format ? CString(QString::asprintf(format, text.constData(),
-                                                          suffix ? suffix : ""))
-                              : CString());
+    messages.push_back(
+        format ? CString(QString::asprintf(format, text.constData(), suffix ? suffix : ""))
+               : CString());
 }
 
 // Country, province or state and postal code; the street and city steps come
 // first. Country 1 is Canada, 2 the United States.
 void checkRegion(std::list<CString>& messages, CIntField const& provOrState,
-                 CIntField const& country, const char* postal, bool postalEmpty,
-                 const char* format, const char* suffix)
+                 CIntField const& country, const char* postal, bool postalEmpty, const char* format,
+                 const char* suffix)
 {
     switch (country.m_value) {
     case 2:
@@ -67,8 +67,8 @@ long validateAddr(long& count, std::list<CString>& messages, CStringField& stree
     if (city.IsEmptyIfRemoveBlank())
         addMessage(messages, format, suffix, QT_TRANSLATE_NOOP("validateAddr", "City"));
     const std::string code = postal.m_text.toStdStringLatin1();
-    checkRegion(messages, provOrState, country, code.c_str(), postal.IsEmptyIfRemoveBlank(),
-                format, suffix);
+    checkRegion(messages, provOrState, country, code.c_str(), postal.IsEmptyIfRemoveBlank(), format,
+                suffix);
     const long added = long(messages.size() - before);
     count += added;
     return added;
@@ -81,8 +81,7 @@ long validateAddr2(long& count, std::list<CString>& messages, CStringField& stre
 {
     const size_t before = messages.size();
     if (streetAddress.IsEmptyIfRemoveBlank())
-        addMessage(messages, format, suffix,
-                   QT_TRANSLATE_NOOP("validateAddr", "Street address"));
+        addMessage(messages, format, suffix, QT_TRANSLATE_NOOP("validateAddr", "Street address"));
     if (city.IsEmptyIfRemoveBlank())
         addMessage(messages, format, suffix, QT_TRANSLATE_NOOP("validateAddr", "City"));
     const QByteArray code = postal.m_text.toUtf8();

@@ -114,7 +114,8 @@ bool CheckT2ValidChar(CString const& s)
     return true;
 }
 
-void PurifyT2String(CString&) { }
+void PurifyT2String(CString&)
+{ }
 
 bool StringHasChars(CString const& s, char const* set)
 {

@@ -10,8 +10,7 @@ using Bedrock::clampNegative;
 
 CWSAgeAmtData::CWSAgeAmtData()
     : CWSAgeAmtData(0x10083)
-{
-}
+{ }
 
 CWSAgeAmtData::CWSAgeAmtData(unsigned int version)
     : AgeLine1(0.0, 0, false, version)
@@ -21,8 +20,7 @@ CWSAgeAmtData::CWSAgeAmtData(unsigned int version)
     , AgeLine5(0.0, 0, false, version)
     , AgeLine6(0.0, 0, false, version)
     , AgeLine7(0.0, 0, false, version)
-{
-}
+{ }
 
 void CWSAgeAmtData::SetAgeParameter(double baseAmount, double threshold, double rate, double days,
                                     double claimDays, bool eligible, double netIncome)
@@ -58,8 +56,7 @@ int CWSAgeAmtData::Calculate()
 
 CWSDisabilityAmtData::CWSDisabilityAmtData()
     : CWSDisabilityAmtData(0x10083)
-{
-}
+{ }
 
 CWSDisabilityAmtData::CWSDisabilityAmtData(unsigned int version)
     : fld_ws5844_claim(0, 0, FIELD_ATTR_NONE, 0, version)
@@ -69,12 +66,13 @@ CWSDisabilityAmtData::CWSDisabilityAmtData(unsigned int version)
     , fld_ws5844_4(0.0, 0, false, version)
     , fld_ws5844_5(0.0, 0, false, version)
 {
-    Bedrock::addFields(this, { { &fld_ws5844_claim, "fld_ws5844_claim" },
-                               { &fld_ws5844_1, "fld_ws5844_1" },
-                               { &fld_ws5844_2, "fld_ws5844_2" },
-                               { &fld_ws5844_3, "fld_ws5844_3" },
-                               { &fld_ws5844_4, "fld_ws5844_4" },
-                               { &fld_ws5844_5, "fld_ws5844_5" } });
+    Bedrock::addFields(this,
+                       { { &fld_ws5844_claim, "fld_ws5844_claim" },
+                         { &fld_ws5844_1, "fld_ws5844_1" },
+                         { &fld_ws5844_2, "fld_ws5844_2" },
+                         { &fld_ws5844_3, "fld_ws5844_3" },
+                         { &fld_ws5844_4, "fld_ws5844_4" },
+                         { &fld_ws5844_5, "fld_ws5844_5" } });
 }
 
 void CWSDisabilityAmtData::SetF5844Parameter(double maxAmount, double threshold, bool under18)
@@ -100,8 +98,7 @@ int CWSDisabilityAmtData::Calculate()
 
 CWSDividendTaxCreditData::CWSDividendTaxCreditData()
     : CWSDividendTaxCreditData(0x10110)
-{
-}
+{ }
 
 CWSDividendTaxCreditData::CWSDividendTaxCreditData(unsigned int version)
     : fld_Line120(0.0, 0, false, version)
@@ -113,14 +110,15 @@ CWSDividendTaxCreditData::CWSDividendTaxCreditData(unsigned int version)
     , fld_5(0.0, 0, false, version)
     , fld_6(0.0, 0, false, version)
 {
-    Bedrock::addFields(this, { { &fld_Line120, "fld_Line120" },
-                               { &fld_Line180, "fld_Line180" },
-                               { &fld_rate1, "fld_rate1" },
-                               { &fld_Line120_sub_Line180, "fld_Line120_sub_Line180" },
-                               { &fld_rate2, "fld_rate2" },
-                               { &fld_4, "fld_4" },
-                               { &fld_5, "fld_5" },
-                               { &fld_6, "fld_6" } });
+    Bedrock::addFields(this,
+                       { { &fld_Line120, "fld_Line120" },
+                         { &fld_Line180, "fld_Line180" },
+                         { &fld_rate1, "fld_rate1" },
+                         { &fld_Line120_sub_Line180, "fld_Line120_sub_Line180" },
+                         { &fld_rate2, "fld_rate2" },
+                         { &fld_4, "fld_4" },
+                         { &fld_5, "fld_5" },
+                         { &fld_6, "fld_6" } });
 }
 
 void CWSDividendTaxCreditData::SetParameter(double rate1, double rate2)

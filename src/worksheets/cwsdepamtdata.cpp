@@ -37,10 +37,11 @@ CWSDepAmtData::CWSDepAmtData(unsigned int version)
     , DepNetInc(amount(version))
     , AmountClaim(amount(version))
 {
-    Bedrock::addFields(this, { { &BaseAmount, "BaseAmount" },
-                               { &bOverWriteDepNetInc_notused, "bOverWriteDepNetInc_notused" },
-                               { &DepNetInc, "DepNetInc" },
-                               { &AmountClaim, "AmountClaim" } });
+    Bedrock::addFields(this,
+                       { { &BaseAmount, "BaseAmount" },
+                         { &bOverWriteDepNetInc_notused, "bOverWriteDepNetInc_notused" },
+                         { &DepNetInc, "DepNetInc" },
+                         { &AmountClaim, "AmountClaim" } });
 }
 
 void CWSDepAmtData::SetParameter(double baseAmount, double maxAmount)
@@ -68,8 +69,7 @@ int CWSDepAmtData::Calculate()
 
 CWSInfirmDepAmtData::CWSInfirmDepAmtData()
     : CWSInfirmDepAmtData(FirstVersion)
-{
-}
+{ }
 
 CWSInfirmDepAmtData::CWSInfirmDepAmtData(unsigned int version)
     : BaseAmount(amount(version))
@@ -79,12 +79,13 @@ CWSInfirmDepAmtData::CWSInfirmDepAmtData(unsigned int version)
     , fld_4(amount(version))
     , AmountClaim(amount(version))
 {
-    Bedrock::addFields(this, { { &BaseAmount, "BaseAmount" },
-                               { &DepNetInc, "DepNetInc" },
-                               { &fld_3, "fld_3" },
-                               { &fld_bClaim5816_notused, "fld_bClaim5816_notused" },
-                               { &fld_4, "fld_4" },
-                               { &AmountClaim, "AmountClaim" } });
+    Bedrock::addFields(this,
+                       { { &BaseAmount, "BaseAmount" },
+                         { &DepNetInc, "DepNetInc" },
+                         { &fld_3, "fld_3" },
+                         { &fld_bClaim5816_notused, "fld_bClaim5816_notused" },
+                         { &fld_4, "fld_4" },
+                         { &AmountClaim, "AmountClaim" } });
 }
 
 void CWSInfirmDepAmtData::SetParameterAndF5816Info(double baseAmount, double maxAmount,
@@ -133,13 +134,14 @@ CWSCaregiverAmtData::CWSCaregiverAmtData(unsigned int version)
     , AmountClaim(amount(version))
     , bOverwrite(0, 0, FIELD_ATTR_NONE, 0, version)
 {
-    Bedrock::addFields(this, { { &BaseAmount, "BaseAmount" },
-                               { &DepNetInc, "DepNetInc" },
-                               { &fld_3, "fld_3" },
-                               { &fld_bClaim5816_notused, "fld_bClaim5816_notused" },
-                               { &fld_4, "fld_4" },
-                               { &AmountClaim, "AmountClaim" },
-                               { &bOverwrite, "bOverwrite" } });
+    Bedrock::addFields(this,
+                       { { &BaseAmount, "BaseAmount" },
+                         { &DepNetInc, "DepNetInc" },
+                         { &fld_3, "fld_3" },
+                         { &fld_bClaim5816_notused, "fld_bClaim5816_notused" },
+                         { &fld_4, "fld_4" },
+                         { &AmountClaim, "AmountClaim" },
+                         { &bOverwrite, "bOverwrite" } });
 }
 
 void CWSCaregiverAmtData::SetParameter(double baseAmount, double maxAmount, int f5816DepIdx,
@@ -186,20 +188,21 @@ CWSDisabilityTransferAmtData::CWSDisabilityTransferAmtData()
     , fld_overwrite(0, 0, FIELD_ATTR_NONE, 0, FirstVersion)
     , fld_claim(amount(FirstVersion))
 {
-    Bedrock::addFields(this, { { &fld_BaseAmount, "fld_BaseAmount" },
-                               { &fld_Line2Max, "fld_Line2Max" },
-                               { &fld_Line3ChldCareExp, "fld_Line3ChldCareExp" },
-                               { &fld_Line4ExpBase, "fld_Line4ExpBase" },
-                               { &fld_Line5CareExpAfter, "fld_Line5CareExpAfter" },
-                               { &fld_Line6AmtUnder18, "fld_Line6AmtUnder18" },
-                               { &fld_2, "fld_2" },
-                               { &fld_Line8, "fld_Line8" },
-                               { &fld_4, "fld_4" },
-                               { &fld_5, "fld_5" },
-                               { &DepTaxInc, "DepTaxInc" },
-                               { &fld_7, "fld_7" },
-                               { &fld_overwrite, "fld_overwrite" },
-                               { &fld_claim, "fld_claim" } });
+    Bedrock::addFields(this,
+                       { { &fld_BaseAmount, "fld_BaseAmount" },
+                         { &fld_Line2Max, "fld_Line2Max" },
+                         { &fld_Line3ChldCareExp, "fld_Line3ChldCareExp" },
+                         { &fld_Line4ExpBase, "fld_Line4ExpBase" },
+                         { &fld_Line5CareExpAfter, "fld_Line5CareExpAfter" },
+                         { &fld_Line6AmtUnder18, "fld_Line6AmtUnder18" },
+                         { &fld_2, "fld_2" },
+                         { &fld_Line8, "fld_Line8" },
+                         { &fld_4, "fld_4" },
+                         { &fld_5, "fld_5" },
+                         { &DepTaxInc, "DepTaxInc" },
+                         { &fld_7, "fld_7" },
+                         { &fld_overwrite, "fld_overwrite" },
+                         { &fld_claim, "fld_claim" } });
 }
 
 void CWSDisabilityTransferAmtData::SetF5848Parameter(double baseAmount, double line2Max,
@@ -212,8 +215,8 @@ void CWSDisabilityTransferAmtData::SetF5848Parameter(double baseAmount, double l
 
 int CWSDisabilityTransferAmtData::Calculate()
 {
-    for (CFloatField* line : { &fld_Line5CareExpAfter, &fld_Line6AmtUnder18, &fld_2, &fld_Line8,
-                               &fld_5, &fld_7 })
+    for (CFloatField* line :
+         { &fld_Line5CareExpAfter, &fld_Line6AmtUnder18, &fld_2, &fld_Line8, &fld_5, &fld_7 })
         line->m_value = 0.0;
     _OneDependantInfoStru* row = Bedrock::dependantRow(*this);
     if (!row) {

@@ -40,13 +40,14 @@ CWSMedicalExpAdjustmentData::CWSMedicalExpAdjustmentData(double incomeCap, doubl
     , m_incomeRate(incomeRate)
     , m_claimLimit(claimLimit)
 {
-    Bedrock::addFields(this, { { &DepNetInc, "DepNetInc" },
-                               { &BaseAmount, "BaseAmount" },
-                               { &fld_3, "fld_3" },
-                               { &Rate, "Rate" },
-                               { &fld_exp, "fld_exp" },
-                               { &fld_line2, "fld_line2" },
-                               { &AmountClaim, "AmountClaim" } });
+    Bedrock::addFields(this,
+                       { { &DepNetInc, "DepNetInc" },
+                         { &BaseAmount, "BaseAmount" },
+                         { &fld_3, "fld_3" },
+                         { &Rate, "Rate" },
+                         { &fld_exp, "fld_exp" },
+                         { &fld_line2, "fld_line2" },
+                         { &AmountClaim, "AmountClaim" } });
 }
 
 int CWSMedicalExpAdjustmentData::Calculate()
@@ -69,12 +70,13 @@ int CWSMedicalExpAdjustmentData::Calculate()
 
 DataWSAdoptionExpense::DataWSAdoptionExpense()
 {
-    Bedrock::addFields(this, { { &fld_Adopt_ExpAmt_1, "fld_Adopt_ExpAmt_1" },
-                               { &fld_Adopt_ExpAmt_2, "fld_Adopt_ExpAmt_2" },
-                               { &fld_Adopt_ExpAmt_3, "fld_Adopt_ExpAmt_3" },
-                               { &fld_Adopt_ExpAmt_4, "fld_Adopt_ExpAmt_4" },
-                               { &fld_Adopt_ExpAmt_5, "fld_Adopt_ExpAmt_5" },
-                               { &fld_Adopt_ExpAmt_6, "fld_Adopt_ExpAmt_6" } });
+    Bedrock::addFields(this,
+                       { { &fld_Adopt_ExpAmt_1, "fld_Adopt_ExpAmt_1" },
+                         { &fld_Adopt_ExpAmt_2, "fld_Adopt_ExpAmt_2" },
+                         { &fld_Adopt_ExpAmt_3, "fld_Adopt_ExpAmt_3" },
+                         { &fld_Adopt_ExpAmt_4, "fld_Adopt_ExpAmt_4" },
+                         { &fld_Adopt_ExpAmt_5, "fld_Adopt_ExpAmt_5" },
+                         { &fld_Adopt_ExpAmt_6, "fld_Adopt_ExpAmt_6" } });
 }
 
 int DataWSAdoptionExpense::Calculate()

@@ -7,11 +7,10 @@
 STRUCT_TAX_STAIRS_JURISDICTION::STRUCT_TAX_STAIRS_JURISDICTION()
     : m_nLevels(0)
     , m_pLevels(new STRUCT_TAX_STAIRS_LEVEL[MaxLevels]())
-{
-}
+{ }
 
 STRUCT_TAX_STAIRS_JURISDICTION::STRUCT_TAX_STAIRS_JURISDICTION(
-        const STRUCT_TAX_STAIRS_JURISDICTION& other)
+    const STRUCT_TAX_STAIRS_JURISDICTION& other)
     : m_nLevels(other.m_nLevels)
     , m_pLevels(new STRUCT_TAX_STAIRS_LEVEL[MaxLevels])
 {
@@ -85,8 +84,7 @@ double STRUCT_TAX_STAIRS_JURISDICTION::CalcAlgoForTax(double income) const
     return step.m_value;
 }
 
-void STRUCT_TAX_STAIRS_JURISDICTION::CalcAlgoForSetFieldsToCalcTax(double income,
-                                                                   double& threshold,
+void STRUCT_TAX_STAIRS_JURISDICTION::CalcAlgoForSetFieldsToCalcTax(double income, double& threshold,
                                                                    double& rate,
                                                                    double& baseTax) const
 {

@@ -7,8 +7,7 @@
 
 // One step of the table: from m_threshold upward income bears m_rate, and
 // m_baseTax is what is already due at m_threshold.
-struct LIBBEDROCK_EXPORT STRUCT_TAX_STAIRS_LEVEL
-{
+struct LIBBEDROCK_EXPORT STRUCT_TAX_STAIRS_LEVEL {
     double m_threshold;
     double m_rate;
     double m_baseTax;
@@ -20,8 +19,7 @@ struct LIBBEDROCK_EXPORT STRUCT_TAX_STAIRS_LEVEL
  * off like any other, so it counts even when it is not 0. An income exactly
  * at a threshold belongs to the level below it.
  */
-struct LIBBEDROCK_EXPORT STRUCT_TAX_STAIRS_JURISDICTION
-{
+struct LIBBEDROCK_EXPORT STRUCT_TAX_STAIRS_JURISDICTION {
     static constexpr int MaxLevels = 10;
 
     STRUCT_TAX_STAIRS_JURISDICTION();

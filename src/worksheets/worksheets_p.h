@@ -30,7 +30,8 @@ inline void setCappedRemainder(CFloatField& line, const CFloatField& base,
 }
 
 // Names each field and appends it to the worksheet's list, in the order given.
-inline void addFields(CWSBaseData* ws, std::initializer_list<std::pair<CField*, const char*>> fields)
+inline void addFields(CWSBaseData* ws,
+                      std::initializer_list<std::pair<CField*, const char*>> fields)
 {
     for (const auto& field : fields) {
         field.first->m_name = field.second;

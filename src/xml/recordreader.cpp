@@ -25,8 +25,8 @@ struct Cursor {
 
 // The entities the writer emits, and the named ones TinyXML knows.
 const std::pair<const char*, char> Entities[] = {
-    { "&#34;", '"' }, { "&#39;", '\'' }, { "&#38;", '&' }, { "&#60;", '<' }, { "&#62;", '>' },
-    { "&quot;", '"' }, { "&apos;", '\'' }, { "&amp;", '&' }, { "&lt;", '<' }, { "&gt;", '>' },
+    { "&#34;", '"' },  { "&#39;", '\'' },  { "&#38;", '&' }, { "&#60;", '<' }, { "&#62;", '>' },
+    { "&quot;", '"' }, { "&apos;", '\'' }, { "&amp;", '&' }, { "&lt;", '<' },  { "&gt;", '>' },
 };
 
 // TinyXML's own test for white space, locale and all.
@@ -112,6 +112,7 @@ bool Bedrock::readFieldRecord(const char* text, std::size_t length,
         return false;
     // Later elements of one name replace earlier ones, as in the general path.
     for (auto& field : fields)
-        out[field.first] = CString(QString::fromUtf8(field.second.data(), qsizetype(field.second.size())));
+        out[field.first]
+            = CString(QString::fromUtf8(field.second.data(), qsizetype(field.second.size())));
     return true;
 }

@@ -19,7 +19,6 @@ namespace Bedrock {
  * and the caller takes the general, guarded XML path. The two give the same
  * map wherever this one answers; a fuzz target holds them to it.
  */
-bool readFieldRecord(const char* text, std::size_t length,
-                                       std::map<std::string, CString>& out);
+bool readFieldRecord(const char* text, std::size_t length, std::map<std::string, CString>& out);
 
 } // namespace Bedrock

@@ -30,7 +30,9 @@ std::string toBytes(const CString& s, int flags)
 class KeyLookup
 {
 public:
-    explicit KeyLookup(const ValueMap& values) : m_values(values) { }
+    explicit KeyLookup(const ValueMap& values)
+        : m_values(values)
+    { }
 
     const CString* find(const std::string& key)
     {
@@ -50,8 +52,7 @@ public:
     }
 
 private:
-    struct Slot
-    {
+    struct Slot {
         std::uint64_t hash = 0;
         const ValueMap::value_type* entry = nullptr;
     };
@@ -211,13 +212,15 @@ int processFile(std::string& out, QFile& file, const ValueMap& values, int flags
 
 } // namespace
 
-int processStringTemplatePartInString(CString& out, QTextStream& in, const ValueMap& values, int flags)
+int processStringTemplatePartInString(CString& out, QTextStream& in, const ValueMap& values,
+                                      int flags)
 {
     const QString text = in.readAll();
     return processText(out, text, values, flags);
 }
 
-int processStringTemplatePartInString(std::string& out, QTextStream& in, const ValueMap& values, int flags)
+int processStringTemplatePartInString(std::string& out, QTextStream& in, const ValueMap& values,
+                                      int flags)
 {
     CString made;
     const int rc = processStringTemplatePartInString(made, in, values, flags);
@@ -225,12 +228,14 @@ int processStringTemplatePartInString(std::string& out, QTextStream& in, const V
     return rc;
 }
 
-int processStringTemplatePartInString(CString& out, const CString& text, const ValueMap& values, int flags)
+int processStringTemplatePartInString(CString& out, const CString& text, const ValueMap& values,
+                                      int flags)
 {
     return processText(out, text, values, flags);
 }
 
-int processStringTemplatePartInString(std::string& out, const CString& text, const ValueMap& values, int flags)
+int processStringTemplatePartInString(std::string& out, const CString& text, const ValueMap& values,
+                                      int flags)
 {
     CString made;
     const int rc = processStringTemplatePartInString(made, text, values, flags);
@@ -238,7 +243,8 @@ int processStringTemplatePartInString(std::string& out, const CString& text, con
     return rc;
 }
 
-int processTemplatePartInString(CString& out, const CString& path, const ValueMap& values, int flags)
+int processTemplatePartInString(CString& out, const CString& path, const ValueMap& values,
+                                int flags)
 {
     QFile file;
     if (!openTemplate(file, path))
@@ -248,7 +254,8 @@ int processTemplatePartInString(CString& out, const CString& path, const ValueMa
     return processStringTemplatePartInString(out, in, values, flags);
 }
 
-int processTemplatePartInString(std::string& out, const CString& path, const ValueMap& values, int flags)
+int processTemplatePartInString(std::string& out, const CString& path, const ValueMap& values,
+                                int flags)
 {
     QFile file;
     if (!openTemplate(file, path))

@@ -32,18 +32,18 @@ class QTextStream;
  * never cleared. A stream is read to its end, whatever the result; lines end
  * at "\n", with a "\r" before it taken as part of the line end.
  */
-LIBBEDROCK_EXPORT int processStringTemplatePartInString(CString& out, QTextStream& in,
-                                                        std::map<std::string, CString> const& values,
-                                                        int flags);
-LIBBEDROCK_EXPORT int processStringTemplatePartInString(std::string& out, QTextStream& in,
-                                                        std::map<std::string, CString> const& values,
-                                                        int flags);
-LIBBEDROCK_EXPORT int processStringTemplatePartInString(CString& out, CString const& text,
-                                                        std::map<std::string, CString> const& values,
-                                                        int flags);
-LIBBEDROCK_EXPORT int processStringTemplatePartInString(std::string& out, CString const& text,
-                                                        std::map<std::string, CString> const& values,
-                                                        int flags);
+LIBBEDROCK_EXPORT int
+processStringTemplatePartInString(CString& out, QTextStream& in,
+                                  std::map<std::string, CString> const& values, int flags);
+LIBBEDROCK_EXPORT int
+processStringTemplatePartInString(std::string& out, QTextStream& in,
+                                  std::map<std::string, CString> const& values, int flags);
+LIBBEDROCK_EXPORT int
+processStringTemplatePartInString(CString& out, CString const& text,
+                                  std::map<std::string, CString> const& values, int flags);
+LIBBEDROCK_EXPORT int
+processStringTemplatePartInString(std::string& out, CString const& text,
+                                  std::map<std::string, CString> const& values, int flags);
 
 // A path that does not open reads as an empty template here (result 0).
 LIBBEDROCK_EXPORT int processTemplatePartInString(CString& out, CString const& path,

@@ -53,7 +53,9 @@ enum class Reading { Whole, GivesUp, TooDeep };
 class NestingScan
 {
 public:
-    NestingScan(const char* text, std::size_t length) : m_text(text, length) { }
+    NestingScan(const char* text, std::size_t length)
+        : m_text(text, length)
+    { }
 
     Reading read(int limit) const
     {
@@ -118,8 +120,8 @@ private:
             return false;
         for (std::size_t k = semicolon - 1; at(k) != (hex ? 'x' : '#'); --k) {
             const unsigned char c = at(k);
-            const bool digit = (c >= '0' && c <= '9')
-                || (hex && ((c | 0x20) >= 'a' && (c | 0x20) <= 'f'));
+            const bool digit
+                = (c >= '0' && c <= '9') || (hex && ((c | 0x20) >= 'a' && (c | 0x20) <= 'f'));
             if (!digit)
                 return false;
         }

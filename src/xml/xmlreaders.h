@@ -19,8 +19,12 @@
 class LIBBEDROCK_EXPORT MyTiXmlHandle : public TiXmlHandle
 {
 public:
-    MyTiXmlHandle(TiXmlNode* node) : TiXmlHandle(node) { }
-    MyTiXmlHandle(const TiXmlHandle& other) : TiXmlHandle(other) { }
+    MyTiXmlHandle(TiXmlNode* node)
+        : TiXmlHandle(node)
+    { }
+    MyTiXmlHandle(const TiXmlHandle& other)
+        : TiXmlHandle(other)
+    { }
     MyTiXmlHandle(const MyTiXmlHandle&) = default;
     MyTiXmlHandle& operator=(const MyTiXmlHandle&) = default;
     virtual ~MyTiXmlHandle();

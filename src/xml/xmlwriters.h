@@ -47,8 +47,7 @@ LIBBEDROCK_EXPORT void writeXMLForLong(CString& out, char const* tag, long value
 LIBBEDROCK_EXPORT void writeXMLForLong(CString& out, char const* tag, double value, bool);
 LIBBEDROCK_EXPORT void writeXMLForLong64(CString& out, char const* tag, long long value,
                                          bool skipIfZero);
-LIBBEDROCK_EXPORT void writeXMLForBool(CString& out, char const* tag, bool value,
-                                       bool skipIfFalse);
+LIBBEDROCK_EXPORT void writeXMLForBool(CString& out, char const* tag, bool value, bool skipIfFalse);
 
 // Returned as a value, with no line end.
 class LIBBEDROCK_EXPORT XmlUtil

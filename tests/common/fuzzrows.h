@@ -12,7 +12,8 @@
 #include <cstdint>
 
 template<typename Rows, std::size_t N, typename Check>
-void loadCheckAndStore(const std::uint8_t* data, std::size_t size, const int (&versions)[N], Check check)
+void loadCheckAndStore(const std::uint8_t* data, std::size_t size, const int (&versions)[N],
+                       Check check)
 {
     if (size < 1)
         return;

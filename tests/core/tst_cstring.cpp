@@ -34,7 +34,10 @@ void tst_CString::rules_data()
     QTest::addColumn<QString>("expected");
     const CString abc("abc");
     const CString cafe(QStringLiteral("caf\u00e9"));
-    const auto ed = [](CString s, auto edit) { edit(s); return QString(s); };
+    const auto ed = [](CString s, auto edit) {
+        edit(s);
+        return QString(s);
+    };
     const auto nulled = [](auto& s) { s = static_cast<const char*>(nullptr); };
     const auto trimmed = [](auto& s) { s.Trim(); };
     CString loaded;
@@ -108,7 +111,10 @@ void tst_CString::littleEndianStream()
     QVERIFY(stream.IsLoading() && stream.IsStoring());
     stream << qint32(1) << 1.0;
     QCOMPARE(stream.Write("xyz", 3), 3);
-    QCOMPARE(buffer.data(), QByteArray::fromHex("01000000" "000000000000f03f" "78797a"));
+    QCOMPARE(buffer.data(),
+             QByteArray::fromHex("01000000"
+                                 "000000000000f03f"
+                                 "78797a"));
     char raw[16] = {};
     QVERIFY(buffer.seek(12));
     QCOMPARE(stream.Read(raw, 16), 3);

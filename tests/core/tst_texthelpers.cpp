@@ -20,8 +20,7 @@ void row(const char* why, double got, double expected)
 }
 
 // f(args..., out): the text it leaves in out.
-template<typename F, typename... A>
-QString outLast(F f, A... args)
+template<typename F, typename... A> QString outLast(F f, A... args)
 {
     CString out("old");
     f(args..., out);
@@ -29,8 +28,7 @@ QString outLast(F f, A... args)
 }
 
 // f(s, args...): what it makes of s.
-template<typename F, typename... A>
-QString inPlace(F f, CString s, A... args)
+template<typename F, typename... A> QString inPlace(F f, CString s, A... args)
 {
     f(s, args...);
     return s;
@@ -69,7 +67,10 @@ void tst_TextHelpers::rules_data()
     QTest::addColumn<QString>("expected");
     const double nan = std::numeric_limits<double>::quiet_NaN();
     char empty[] = "";
-    const auto trimmed = [](std::string s) { trimSpaces(s); return QString::fromStdString(s); };
+    const auto trimmed = [](std::string s) {
+        trimSpaces(s);
+        return QString::fromStdString(s);
+    };
     const auto fixed = [](const char* s, int n) {
         return inPlace(makeStringToFixLengthStringByTrailingSpaces, CString(), s, n);
     };
@@ -142,7 +143,8 @@ void tst_TextHelpers::rules_data()
     row("T2: long inputs still give 104", t2all(longText.data()).size(), 104.0);
     row("T2 print: pieces right-trimmed, empty ones skipped",
         inPlace(formatStringToT2AddrForPrint, CString(), "CA", "ON", "Ottawa", "123 Main St", "",
-                "K1A 0B1"), "123 Main St Ottawa K1A0B1");
+                "K1A 0B1"),
+        "123 Main St Ottawa K1A0B1");
 
     row("CSV: quoted comma", csv("a,\"b,c\""), "(a|b,c)");
     row("CSV: trailing comma makes no empty field", csv("a,b,\n"), "(a|b)");

@@ -16,9 +16,17 @@ Q_DECLARE_METATYPE(F)
 
 namespace {
 
-template<typename... T, typename... N> void columns(N... n) { (QTest::addColumn<T>(n), ...); }
+template<typename... T, typename... N> void columns(N... n)
+{
+    (QTest::addColumn<T>(n), ...);
+}
 
-QString text(CField& field) { CString out; field.toString(out); return out; }
+QString text(CField& field)
+{
+    CString out;
+    field.toString(out);
+    return out;
+}
 
 // Stores into empty bytes, otherwise loads from them; returns the bytes moved.
 qint64 serialize(CField& field, unsigned int version, QByteArray& bytes)
@@ -60,8 +68,12 @@ private Q_SLOTS:
     {
         CFloatField& f = *FETCH(F, field);
         QCOMPARE(QStringLiteral("%1 %2 %3 %4 %5 %6")
-                     .arg(f.m_bClampNegative).arg(f.m_bAllowNegative).arg(f.m_bInversePrint)
-                     .arg(f.m_nDecimalsToSave).arg(uint(f.m_attr)).arg(f.m_version),
+                     .arg(f.m_bClampNegative)
+                     .arg(f.m_bAllowNegative)
+                     .arg(f.m_bInversePrint)
+                     .arg(f.m_nDecimalsToSave)
+                     .arg(uint(f.m_attr))
+                     .arg(f.m_version),
                  FETCH(QString, flags));
         f.ValidateAndCorrect();
         QCOMPARE(f.m_value, FETCH(double, validated));
@@ -89,8 +101,8 @@ private Q_SLOTS:
         columns<F, bool, double, double, QString>("field", "t2wave", "in", "held", "text");
         QTest::newRow("amount to cents") << F(new CFloatField) << false << 2.345 << 2.35 << "2.35";
         QTest::newRow("t2wave: whole") << F(new CFloatField) << true << 2.345 << 2.0 << "2.00";
-        QTest::newRow("t2wave: negative half") << F(new CFloatField) << true << -2.5 << -3.0
-                                               << "-3.00";
+        QTest::newRow("t2wave: negative half")
+            << F(new CFloatField) << true << -2.5 << -3.0 << "-3.00";
         QTest::newRow("inverse print follows t2wave")
             << F(new CFloatFieldInversePrint(true, 0.0, 0)) << true << 7.6 << 8.0 << "8.00";
         QTest::newRow("decimal field rounds to cents, prints four")
@@ -183,12 +195,20 @@ private Q_SLOTS:
     void savedText_data()
     {
         columns<QString, QString, QString>("name", "printName", "saved");
-        QTest::newRow("no print name; UTF-8 name") << "fld_é" << "" << "<f n=\"fld_é\">-42</f>";
+        QTest::newRow("no print name; UTF-8 name") << "fld_é"
+                                                   << ""
+                                                   << "<f n=\"fld_é\">-42</f>";
         QTest::newRow("print name: three placeholders; NotUsed is saved")
-            << "fld_NotUsed" << "Line 5" << "<f n=\"fld_NotUsed\" p=\"Line 5\">-42</f>";
-        QTest::newRow("notused beats a print name; out untouched") << "notused" << "p" << "kept";
+            << "fld_NotUsed"
+            << "Line 5"
+            << "<f n=\"fld_NotUsed\" p=\"Line 5\">-42</f>";
+        QTest::newRow("notused beats a print name; out untouched") << "notused"
+                                                                   << "p"
+                                                                   << "kept";
         QTest::newRow("a marker in the name is read by the value's pass")
-            << "fld_%2" << "" << "<f n=\"fld_-42\">-42</f>";
+            << "fld_%2"
+            << ""
+            << "<f n=\"fld_-42\">-42</f>";
     }
     void savedText()
     {

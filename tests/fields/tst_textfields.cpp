@@ -16,9 +16,17 @@
 
 namespace {
 
-template<typename... T, typename... N> void columns(N... n) { (QTest::addColumn<T>(n), ...); }
+template<typename... T, typename... N> void columns(N... n)
+{
+    (QTest::addColumn<T>(n), ...);
+}
 
-QString text(CField& field) { CString out; field.toString(out); return out; }
+QString text(CField& field)
+{
+    CString out;
+    field.toString(out);
+    return out;
+}
 
 // Stores into empty bytes, otherwise loads from them; returns the bytes moved.
 qint64 serialize(std::vector<CField*> fields, QByteArray& bytes, int version = 65536)
@@ -32,8 +40,7 @@ qint64 serialize(std::vector<CField*> fields, QByteArray& bytes, int version = 6
 
 // Fields from items such as "i7 b1 f5.5 sa_b d20250304 t1000 -": the letter picks the
 // class, '_' stands for a blank, "-" for a null pointer.
-struct Fields
-{
+struct Fields {
     Fields(const QString& items)
     {
         for (const QString& item : items.split(' ', Qt::SkipEmptyParts)) {
@@ -80,19 +87,31 @@ private Q_SLOTS:
     void stringCleanUp_data()
     {
         columns<QString, int, QString, QString, QString>("op", "maxLen", "in", "held", "out");
-        QTest::newRow("toString cuts the output, not the field")
-            << "toString" << 5 << "abcdefgh" << "abcdefgh" << "abcde";
-        QTest::newRow("toString trims the field itself")
-            << "toString" << 9 << " a  b\t" << "a  b" << "a  b";
-        QTest::newRow("toString escapes after the cut")
-            << "toString" << 3 << "&&&&" << "&&&&" << "&#38;&#38;&#38;";
-        QTest::newRow("read trims before the cut, no escaping")
-            << "read" << 5 << "   &bcdefgh" << "&bcde" << "";
-        QTest::newRow("C/O first: colon stays") << "co" << 9 << "C/O: John" << ": John" << "";
-        QTest::newRow("mixed-case forms go") << "co" << 9 << "C/o a c/O b" << " a  b" << "";
+        QTest::newRow("toString cuts the output, not the field") << "toString" << 5 << "abcdefgh"
+                                                                 << "abcdefgh"
+                                                                 << "abcde";
+        QTest::newRow("toString trims the field itself") << "toString" << 9 << " a  b\t"
+                                                         << "a  b"
+                                                         << "a  b";
+        QTest::newRow("toString escapes after the cut") << "toString" << 3 << "&&&&"
+                                                        << "&&&&"
+                                                        << "&#38;&#38;&#38;";
+        QTest::newRow("read trims before the cut, no escaping") << "read" << 5 << "   &bcdefgh"
+                                                                << "&bcde"
+                                                                << "";
+        QTest::newRow("C/O first: colon stays") << "co" << 9 << "C/O: John"
+                                                << ": John"
+                                                << "";
+        QTest::newRow("mixed-case forms go") << "co" << 9 << "C/o a c/O b"
+                                             << " a  b"
+                                             << "";
         QTest::newRow("saved below the large size; the value is not scanned for %n")
-            << "save" << LargeSize - 1 << "%1 & %2" << "%1 & %2" << "<f n=\"\">%1 &#38; %2</f>";
-        QTest::newRow("not saved at the large size") << "save" << LargeSize << "a" << "a" << "";
+            << "save" << LargeSize - 1 << "%1 & %2"
+            << "%1 & %2"
+            << "<f n=\"\">%1 &#38; %2</f>";
+        QTest::newRow("not saved at the large size") << "save" << LargeSize << "a"
+                                                     << "a"
+                                                     << "";
     }
     void stringCleanUp()
     {
@@ -178,15 +197,24 @@ private Q_SLOTS:
     {
         // relation: IsAfter, IsNotAfter, IsBefore, IsNotBefore against 2025-06-15.
         columns<QString, QString, bool, QString, QString>("in", "out", "valid", "relation", "next");
-        QTest::newRow("zeros: null") << "00000000" << "00000000" << false << "0000" << "00000000";
-        QTest::newRow("year only: 1 Jan") << "2025" << "20250101" << true << "0110" << "20260101";
-        QTest::newRow("edit minimum prints but is no date")
-            << "17520914" << "17520914" << false << "0000" << "17530914";
-        QTest::newRow("day before the minimum is a date")
-            << "17520913" << "17520913" << true << "0110" << "17530913";
-        QTest::newRow("same day") << "20250615" << "20250615" << true << "0101" << "20260615";
-        QTest::newRow("29 February has no next year: null")
-            << "20280229" << "20280229" << true << "1001" << "00000000";
+        QTest::newRow("zeros: null") << "00000000"
+                                     << "00000000" << false << "0000"
+                                     << "00000000";
+        QTest::newRow("year only: 1 Jan") << "2025"
+                                          << "20250101" << true << "0110"
+                                          << "20260101";
+        QTest::newRow("edit minimum prints but is no date") << "17520914"
+                                                            << "17520914" << false << "0000"
+                                                            << "17530914";
+        QTest::newRow("day before the minimum is a date") << "17520913"
+                                                          << "17520913" << true << "0110"
+                                                          << "17530913";
+        QTest::newRow("same day") << "20250615"
+                                  << "20250615" << true << "0101"
+                                  << "20260615";
+        QTest::newRow("29 February has no next year: null") << "20280229"
+                                                            << "20280229" << true << "1001"
+                                                            << "00000000";
     }
     void dateRules()
     {
@@ -195,8 +223,10 @@ private Q_SLOTS:
         QCOMPARE(text(field), FETCH(QString, out));
         QCOMPARE(field.IsValid(), FETCH(bool, valid));
         QCOMPARE(QStringLiteral("%1%2%3%4")
-                     .arg(field.IsAfter(2025, 6, 15)).arg(field.IsNotAfter(2025, 6, 15))
-                     .arg(field.IsBefore(2025, 6, 15)).arg(field.IsNotBefore(2025, 6, 15)),
+                     .arg(field.IsAfter(2025, 6, 15))
+                     .arg(field.IsNotAfter(2025, 6, 15))
+                     .arg(field.IsBefore(2025, 6, 15))
+                     .arg(field.IsNotBefore(2025, 6, 15)),
                  FETCH(QString, relation));
         field.set1YLater();
         QCOMPARE(text(field), FETCH(QString, next));
@@ -205,18 +235,30 @@ private Q_SLOTS:
     void notEqual_data()
     {
         columns<QString, QString, bool>("a", "b", "differ");
-        QTest::newRow("unequal lengths compare the common part") << "i1 i2 i3" << "i1 i2" << false;
-        QTest::newRow("amounts under 0.009 apart are equal") << "f10" << "f10.008" << false;
-        QTest::newRow("amounts exactly 0.009 apart differ") << "f0" << "f0.009" << true;
-        QTest::newRow("two NaN amounts are equal") << "fnan" << "fnan" << false;
-        QTest::newRow("NaN against zero differs") << "fnan" << "f0" << true;
-        QTest::newRow("text: inner runs and ends of blanks") << "sa__b" << "s_a_b_" << false;
-        QTest::newRow("text: letter case counts") << "sMain" << "smain" << true;
-        QTest::newRow("bool 1 and 2 differ") << "b1" << "b2" << true;
-        QTest::newRow("date differs") << "d20250101" << "d20250102" << true;
-        QTest::newRow("date-time is not compared") << "t1 i1" << "t2 i1" << false;
-        QTest::newRow("types that do not pair differ") << "i0" << "f0" << true;
-        QTest::newRow("null pointers are passed over") << "- i1" << "i5 i1" << false;
+        QTest::newRow("unequal lengths compare the common part") << "i1 i2 i3"
+                                                                 << "i1 i2" << false;
+        QTest::newRow("amounts under 0.009 apart are equal") << "f10"
+                                                             << "f10.008" << false;
+        QTest::newRow("amounts exactly 0.009 apart differ") << "f0"
+                                                            << "f0.009" << true;
+        QTest::newRow("two NaN amounts are equal") << "fnan"
+                                                   << "fnan" << false;
+        QTest::newRow("NaN against zero differs") << "fnan"
+                                                  << "f0" << true;
+        QTest::newRow("text: inner runs and ends of blanks") << "sa__b"
+                                                             << "s_a_b_" << false;
+        QTest::newRow("text: letter case counts") << "sMain"
+                                                  << "smain" << true;
+        QTest::newRow("bool 1 and 2 differ") << "b1"
+                                             << "b2" << true;
+        QTest::newRow("date differs") << "d20250101"
+                                      << "d20250102" << true;
+        QTest::newRow("date-time is not compared") << "t1 i1"
+                                                   << "t2 i1" << false;
+        QTest::newRow("types that do not pair differ") << "i0"
+                                                       << "f0" << true;
+        QTest::newRow("null pointers are passed over") << "- i1"
+                                                       << "i5 i1" << false;
     }
     void notEqual()
     {

@@ -20,7 +20,11 @@ QtMessageHandler qtHandler = nullptr;
 QLoggingCategory::CategoryFilter qtFilter = nullptr;
 
 struct MemoryStream {
-    MemoryStream(QByteArray* bytes, QIODevice::OpenMode mode) : buffer(bytes) { buffer.open(mode); }
+    MemoryStream(QByteArray* bytes, QIODevice::OpenMode mode)
+        : buffer(bytes)
+    {
+        buffer.open(mode);
+    }
     QBuffer buffer;
     MyDataStream stream { &buffer };
 };
@@ -45,9 +49,22 @@ QByteArray load(const CString& key, QByteArray bytes)
     return got == block.GetContentSize() ? QByteArray(block.GetData(), got) : "result is not size";
 }
 
-QByteArray flipped(QByteArray r, int at, char bits = 0x01) { r[at] = char(r[at] ^ bits); return r; }
-QByteArray announcing(qint32 size, QByteArray r) { qToLittleEndian(size, r.data()); return r; }
-QString stringAt(const CReservedArea& a, int i) { CString s; a.getString(i, s); return QString(s); }
+QByteArray flipped(QByteArray r, int at, char bits = 0x01)
+{
+    r[at] = char(r[at] ^ bits);
+    return r;
+}
+QByteArray announcing(qint32 size, QByteArray r)
+{
+    qToLittleEndian(size, r.data());
+    return r;
+}
+QString stringAt(const CReservedArea& a, int i)
+{
+    CString s;
+    a.getString(i, s);
+    return QString(s);
+}
 
 } // namespace
 
@@ -153,8 +170,8 @@ private Q_SLOTS:
         QCOMPARE(load(MainKey, good), Plain);
         for (int at = 4; at < good.size(); ++at)
             QVERIFY2(load(MainKey, flipped(good, at)).isEmpty()
-                    && load(MainKey, flipped(good, at, char(0x80))).isEmpty(),
-                qPrintable(QStringLiteral("altered byte %1 was accepted").arg(at)));
+                         && load(MainKey, flipped(good, at, char(0x80))).isEmpty(),
+                     qPrintable(QStringLiteral("altered byte %1 was accepted").arg(at)));
         Bedrock::ArchiveCipher::setFastKeyDerivationForTesting(false);
         QCOMPARE(archiveInfos, 2 * (good.size() - 4));
     }

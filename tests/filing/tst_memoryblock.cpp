@@ -9,11 +9,21 @@
 namespace {
 
 // Bytes unlike their neighbours, so a copy from the wrong place shows.
-QByteArray pattern(int n) { return QByteArray("0123456789abcdefg").repeated(n / 17 + 1).left(n); }
-QByteArray content(const CMemoryBlock& b) { return QByteArray(b.GetData(), b.GetContentSize()); }
+QByteArray pattern(int n)
+{
+    return QByteArray("0123456789abcdefg").repeated(n / 17 + 1).left(n);
+}
+QByteArray content(const CMemoryBlock& b)
+{
+    return QByteArray(b.GetData(), b.GetContentSize());
+}
 
 // A 32-bit little-endian size followed by the given bytes.
-QByteArray record(qint32 n, QByteArray b) { qToLittleEndian(n, b.prepend(4, 0).data()); return b; }
+QByteArray record(qint32 n, QByteArray b)
+{
+    qToLittleEndian(n, b.prepend(4, 0).data());
+    return b;
+}
 
 QByteArray written(CMemoryBlock& block, void (CMemoryBlock::*write)(MyDataStream&))
 {

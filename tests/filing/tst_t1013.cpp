@@ -4,7 +4,10 @@
 
 namespace {
 
-QByteArray content(const CMemoryBlock& b) { return QByteArray(b.GetData(), b.GetContentSize()); }
+QByteArray content(const CMemoryBlock& b)
+{
+    return QByteArray(b.GetData(), b.GetContentSize());
+}
 
 } // namespace
 
@@ -27,20 +30,36 @@ void tst_T1013::records_data()
     QTest::addColumn<int>("number");
     QTest::addColumn<QByteArray>("expected");
 
-    QTest::newRow("int value: field padded with spaces to three") << 1 << 7 << 0 << QStringLiteral("") << 1 << QByteArray("  71*");
-    QTest::newRow("negative int value keeps its sign") << 1 << 7 << 0 << QStringLiteral("") << -5 << QByteArray("  7-5*");
-    QTest::newRow("three-digit field fills the columns") << 0 << 123 << 0 << QStringLiteral("ABC") << 0 << QByteArray("123ABC*");
-    QTest::newRow("width is a minimum") << 0 << 1234 << 0 << QStringLiteral("x") << 0 << QByteArray("1234x*");
-    QTest::newRow("empty text still gives the record") << 0 << 5 << 0 << QStringLiteral("") << 0 << QByteArray("  5*");
-    QTest::newRow("text is appended as UTF-8") << 0 << 10 << 0 << QString::fromUtf8("Qu\xc3\xa9" "bec") << 0
-                                               << QByteArray(" 10Qu\xc3\xa9" "bec*");
-    QTest::newRow("char* value read as Latin-1") << 2 << 10 << 0 << QString(QChar(0xe9)) << 0 << QByteArray(" 10\xc3\xa9*");
-    QTest::newRow("repeated text record") << 3 << 12 << 3 << QStringLiteral("X") << 0 << QByteArray(" 12X+3*");
-    QTest::newRow("repeated int record") << 4 << 12 << 10 << QStringLiteral("") << 250 << QByteArray(" 12250+10*");
-    QTest::newRow("repeated with empty text") << 3 << 1 << 0 << QStringLiteral("") << 0 << QByteArray("  1+0*");
-    QTest::newRow("marker in a value takes the index") << 3 << 12 << 3 << QStringLiteral("a%3") << 0 << QByteArray(" 12a3+3*");
-    QTest::newRow("marker in a plain value is left alone") << 0 << 12 << 0 << QStringLiteral("a%3") << 0 << QByteArray(" 12a%3*");
-    QTest::newRow("star is not escaped") << 0 << 1 << 0 << QStringLiteral("a*b") << 0 << QByteArray("  1a*b*");
+    QTest::newRow("int value: field padded with spaces to three")
+        << 1 << 7 << 0 << QStringLiteral("") << 1 << QByteArray("  71*");
+    QTest::newRow("negative int value keeps its sign")
+        << 1 << 7 << 0 << QStringLiteral("") << -5 << QByteArray("  7-5*");
+    QTest::newRow("three-digit field fills the columns")
+        << 0 << 123 << 0 << QStringLiteral("ABC") << 0 << QByteArray("123ABC*");
+    QTest::newRow("width is a minimum")
+        << 0 << 1234 << 0 << QStringLiteral("x") << 0 << QByteArray("1234x*");
+    QTest::newRow("empty text still gives the record")
+        << 0 << 5 << 0 << QStringLiteral("") << 0 << QByteArray("  5*");
+    QTest::newRow("text is appended as UTF-8") << 0 << 10 << 0
+                                               << QString::fromUtf8("Qu\xc3\xa9"
+                                                                    "bec")
+                                               << 0
+                                               << QByteArray(" 10Qu\xc3\xa9"
+                                                             "bec*");
+    QTest::newRow("char* value read as Latin-1")
+        << 2 << 10 << 0 << QString(QChar(0xe9)) << 0 << QByteArray(" 10\xc3\xa9*");
+    QTest::newRow("repeated text record")
+        << 3 << 12 << 3 << QStringLiteral("X") << 0 << QByteArray(" 12X+3*");
+    QTest::newRow("repeated int record")
+        << 4 << 12 << 10 << QStringLiteral("") << 250 << QByteArray(" 12250+10*");
+    QTest::newRow("repeated with empty text")
+        << 3 << 1 << 0 << QStringLiteral("") << 0 << QByteArray("  1+0*");
+    QTest::newRow("marker in a value takes the index")
+        << 3 << 12 << 3 << QStringLiteral("a%3") << 0 << QByteArray(" 12a3+3*");
+    QTest::newRow("marker in a plain value is left alone")
+        << 0 << 12 << 0 << QStringLiteral("a%3") << 0 << QByteArray(" 12a%3*");
+    QTest::newRow("star is not escaped")
+        << 0 << 1 << 0 << QStringLiteral("a*b") << 0 << QByteArray("  1a*b*");
 }
 
 void tst_T1013::records()
@@ -56,11 +75,21 @@ void tst_T1013::records()
     CString value(text);
     const QByteArray latin1 = text.toLatin1();
     switch (form) {
-    case 0: block.AppendT1013Field(field, value); break;
-    case 1: block.AppendT1013Field(field, number); break;
-    case 2: block.AppendT1013Field(field, latin1.constData()); break;
-    case 3: block.AppendT1013FieldRecord(field, index, value); break;
-    case 4: block.AppendT1013FieldRecord(field, index, number); break;
+    case 0:
+        block.AppendT1013Field(field, value);
+        break;
+    case 1:
+        block.AppendT1013Field(field, number);
+        break;
+    case 2:
+        block.AppendT1013Field(field, latin1.constData());
+        break;
+    case 3:
+        block.AppendT1013FieldRecord(field, index, value);
+        break;
+    case 4:
+        block.AppendT1013FieldRecord(field, index, number);
+        break;
     }
     QCOMPARE(content(block), expected);
 }

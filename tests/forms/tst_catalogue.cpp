@@ -5,8 +5,7 @@
 #include <climits>
 #include <cstring>
 
-template <typename Pred>
-static QList<int> formRows(Pred pred)
+template<typename Pred> static QList<int> formRows(Pred pred)
 {
     QList<int> rows;
     for (int i = 0; i < ENUM_FORM_COUNT; ++i)
@@ -19,18 +18,31 @@ static QList<int> rowsWith(const char* const STRUCT_FORM_INFO::*column, const ch
 {
     return formRows([=](const STRUCT_FORM_INFO& f) { return !strcmp(f.*column, text); });
 }
-static QList<int> pdfRows(const char* n) { return rowsWith(&STRUCT_FORM_INFO::pdfName, n); }
-static QList<int> layoutRows(const char* n) { return rowsWith(&STRUCT_FORM_INFO::layoutFile, n); }
+static QList<int> pdfRows(const char* n)
+{
+    return rowsWith(&STRUCT_FORM_INFO::pdfName, n);
+}
+static QList<int> layoutRows(const char* n)
+{
+    return rowsWith(&STRUCT_FORM_INFO::layoutFile, n);
+}
 
 static void row(const QByteArray& why, int got, int expected)
 {
     QTest::newRow(why.constData()) << got << expected;
 }
 
-static ENUMTYPE_FORM form(int n) { return ENUMTYPE_FORM(n); }
-static ENUMTYPE_PROVINCE prov(int n) { return ENUMTYPE_PROVINCE(n); }
+static ENUMTYPE_FORM form(int n)
+{
+    return ENUMTYPE_FORM(n);
+}
+static ENUMTYPE_PROVINCE prov(int n)
+{
+    return ENUMTYPE_PROVINCE(n);
+}
 
-class tst_Catalogue : public QObject {
+class tst_Catalogue : public QObject
+{
     Q_OBJECT
 private slots:
     void rowsSitAtTheirNumber()
@@ -51,24 +63,24 @@ private slots:
     void fileNames()
     {
         QCOMPARE(pdfRows("noprint.pdf"),
-                 QList<int>({2, 8, 19, 33, 34, 54, 56, 58, 89, 123, 159, 165, 200}));
-        QCOMPARE(pdfRows("expired.pdf"), QList<int>({30, 114, 120, 142, 151, 166}));
-        QCOMPARE(pdfRows(""), QList<int>({0, 38, 46}));
-        QCOMPARE(layoutRows(""), QList<int>({0, 19, 33, 38, 46, 159, 165}));
-        QCOMPARE(layoutRows("noprint.xml"), QList<int>({8, 200}));
+                 QList<int>({ 2, 8, 19, 33, 34, 54, 56, 58, 89, 123, 159, 165, 200 }));
+        QCOMPARE(pdfRows("expired.pdf"), QList<int>({ 30, 114, 120, 142, 151, 166 }));
+        QCOMPARE(pdfRows(""), QList<int>({ 0, 38, 46 }));
+        QCOMPARE(layoutRows(""), QList<int>({ 0, 19, 33, 38, 46, 159, 165 }));
+        QCOMPARE(layoutRows("noprint.xml"), QList<int>({ 8, 200 }));
         QCOMPARE(formRows([](const STRUCT_FORM_INFO& f) { return strstr(f.layoutFile, ".xmd"); }),
-                 QList<int>({1, 2, 93}));
+                 QList<int>({ 1, 2, 93 }));
         QCOMPARE(formRows([](const STRUCT_FORM_INFO& f) { return f.rowFlag; }),
-                 QList<int>({1, 2, 6, 13, 24, 25, 41, 45, 54, 60, 62, 63, 66, 70, 74, 78, 81, 84,
-                             126, 127, 166}));
-        QCOMPARE(formRows([](const STRUCT_FORM_INFO& f) { return f.alwaysImport; }),
-                 QList<int>({1, 2, 3, 6, 12, 15, 19, 21, 22, 24, 25, 33, 38, 41, 42, 45, 131,
-                             165}));
+                 QList<int>({ 1,  2,  6,  13, 24, 25, 41, 45,  54,  60, 62,
+                              63, 66, 70, 74, 78, 81, 84, 126, 127, 166 }));
+        QCOMPARE(
+            formRows([](const STRUCT_FORM_INFO& f) { return f.alwaysImport; }),
+            QList<int>({ 1, 2, 3, 6, 12, 15, 19, 21, 22, 24, 25, 33, 38, 41, 42, 45, 131, 165 }));
     }
 
     void oddRowsKeptAsShipped()
     {
-        for (int i : {162, 163, 164}) {
+        for (int i : { 162, 163, 164 }) {
             QCOMPARE(Global_Forms_Info[i].title, "T1255 - Taxes");
             QCOMPARE(Global_Forms_Info[i].pdfName, Global_Forms_Info[160].pdfName);
         }
@@ -83,7 +95,7 @@ private slots:
         QCOMPARE(Federal_Forms_Num, 61);
         QCOMPARE(SFD_Forms_Num, 11);
         QCOMPARE(s_expired_forms_num, 20);
-        const int counts[14] = {0, 3, 10, 11, 5, 7, 5, 4, 4, 8, 3, 0, 8, 7};
+        const int counts[14] = { 0, 3, 10, 11, 5, 7, 5, 4, 4, 8, 3, 0, 8, 7 };
         for (int p = 0; p < 14; ++p) {
             QCOMPARE(Province_Forms_Info[p].count, counts[p]);
             QCOMPARE(Province_Forms_Info[p].forms == nullptr, counts[p] == 0);
@@ -119,7 +131,7 @@ private slots:
         row("SFD form sharable", IsFormSharable(form(160)), 1);
         row("SFD form multiple", IsMultipleForm(form(12)), 1);
         row("T1134 supplement multiple", IsMultipleForm(form(178)), 1);
-        for (int bad : {-1, int(ENUM_FORM_COUNT), INT_MAX, INT_MIN}) {
+        for (int bad : { -1, int(ENUM_FORM_COUNT), INT_MAX, INT_MIN }) {
             const QByteArray why = "form " + QByteArray::number(bad);
             row(why + " federal", getFormProv(form(bad)), 0);
             row(why + " not required", IsFormMandatory(0xff, prov(9), form(bad)), 0);

@@ -18,9 +18,10 @@ struct TestForm : CTaxData_Form {
     TestForm()
         : CTaxData_Form(ENUM_FORM_NONE)
     {
-        const std::pair<CField*, const char*> list[] = { { &a, "fld_a.b" }, { &b, "fld_x.y.z" },
-            { &s, "fld_s" }, { &amt, "fld_amt" }, { &unused, "fld_notused.x" }, { &old, "fld_old" },
-            { &d, "fld_date" }, { &t, "fld_stamp" } };
+        const std::pair<CField*, const char*> list[]
+            = { { &a, "fld_a.b" },   { &b, "fld_x.y.z" },          { &s, "fld_s" },
+                { &amt, "fld_amt" }, { &unused, "fld_notused.x" }, { &old, "fld_old" },
+                { &d, "fld_date" },  { &t, "fld_stamp" } };
         for (const auto& [field, name] : list) {
             m_fields.push_back(field);
             field->m_name = name;
@@ -39,7 +40,8 @@ QByteArray readAll(const QString& path)
 
 } // namespace
 
-class tst_Generators : public QObject {
+class tst_Generators : public QObject
+{
     Q_OBJECT
 
 private slots:
@@ -56,12 +58,12 @@ private slots:
         QVERIFY(QDir(dir.filePath("xml")).isEmpty());
         form.WriteRadiantFormXmlFile(base, "TaxData_T1Test", "f.xml", 0);
         QCOMPARE(readAll(dir.filePath("xml/f.xml")),
-            "<form classname=\"T1Test\">\n<tab title=\"page 1\">\n<section maxindent=\"6\">\n"
-            "<row>\n\t<radio name=\"a_b\" />\n</row>\n"
-            "<row>\n\t<string name=\"s\" size=\"20\" />\n</row>\n"
-            "<row>\n\t<float name=\"notused_x\" notused=\"1\" version=\"0x00010001\""
-            " versionend=\"0x000101d0\"/>\n</row>\n"
-            "<row>\n/>\n</row>\n</section>\n</tab>\n</form>\n");
+                 "<form classname=\"T1Test\">\n<tab title=\"page 1\">\n<section maxindent=\"6\">\n"
+                 "<row>\n\t<radio name=\"a_b\" />\n</row>\n"
+                 "<row>\n\t<string name=\"s\" size=\"20\" />\n</row>\n"
+                 "<row>\n\t<float name=\"notused_x\" notused=\"1\" version=\"0x00010001\""
+                 " versionend=\"0x000101d0\"/>\n</row>\n"
+                 "<row>\n/>\n</row>\n</section>\n</tab>\n</form>\n");
     }
 
     void layout_data()
@@ -127,15 +129,15 @@ private slots:
         QCOMPARE(form.WriteJavaFile(base + "/missing", "T1Test", false), -5);
         QCOMPARE(form.WriteJavaFile(base, "T1Test", false), 0);
         QCOMPARE(readAll(dir.filePath("T1Test.java")),
-            "package myledgerwave.makereport;\nimport java.io.*;\nimport java.util.Vector;\n\n"
-            "public class T1Test extends TaxFormData\n{\n"
-            "IntField fld_a_b = new IntField(\"fld_a_b\", -1, null, 0, 65536, 268435455);\n"
-            "BoolField fld_x_y.z = new BoolField(\"fld_x_y.z\", null, 0, 65536, 268435455);\n"
-            "FloatField fld_amt = new FloatField(\"fld_amt\", \"123\", 2, 65536, 268435455);\n"
-            "StringField fld_s = new StringField(\"fld_s\", 20, \"7\", 0, 65536, 268435455);\n"
-            "DateField fld_date = new DateField(\"fld_date\", 65536, 268435455);\n"
-            "\npublic T1Test()\n{\nm_data.add(fld_a_b);\nm_data.add(fld_x_y.z);\n"
-            "m_data.add(fld_amt);\nm_data.add(fld_s);\nm_data.add(fld_date);\n}\n}\n");
+                 "package myledgerwave.makereport;\nimport java.io.*;\nimport java.util.Vector;\n\n"
+                 "public class T1Test extends TaxFormData\n{\n"
+                 "IntField fld_a_b = new IntField(\"fld_a_b\", -1, null, 0, 65536, 268435455);\n"
+                 "BoolField fld_x_y.z = new BoolField(\"fld_x_y.z\", null, 0, 65536, 268435455);\n"
+                 "FloatField fld_amt = new FloatField(\"fld_amt\", \"123\", 2, 65536, 268435455);\n"
+                 "StringField fld_s = new StringField(\"fld_s\", 20, \"7\", 0, 65536, 268435455);\n"
+                 "DateField fld_date = new DateField(\"fld_date\", 65536, 268435455);\n"
+                 "\npublic T1Test()\n{\nm_data.add(fld_a_b);\nm_data.add(fld_x_y.z);\n"
+                 "m_data.add(fld_amt);\nm_data.add(fld_s);\nm_data.add(fld_date);\n}\n}\n");
         QCOMPARE(form.WriteJavaFile(base, "P", true), 0);
         QVERIFY(readAll(dir.filePath("P.java"))
                     .startsWith("package myledgerwave.fmxprint.v2023;\n\n"

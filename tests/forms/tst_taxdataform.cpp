@@ -195,8 +195,8 @@ private Q_SLOTS:
             << record("<m><f n=\"stranger\">1</f><f>2</f></m>") << 1 << "kept";
         QTest::newRow("unparsable record keeps values") << record("<m><f n=") << 1 << "kept";
         QTest::newRow("deep nesting keeps values")
-            << record(QByteArray("<m>") + QByteArray(50000 * 3, 'x').replace("xxx", "<a>"))
-            << 1 << "kept";
+            << record(QByteArray("<m>") + QByteArray(50000 * 3, 'x').replace("xxx", "<a>")) << 1
+            << "kept";
         QTest::newRow("doctype that hides the root keeps values")
             << record("<!DOCTYPE m [<!ELEMENT m ANY>]><m><f n=\"fld_count\">5</f></m>") << 1
             << "kept";
@@ -290,14 +290,16 @@ private Q_SLOTS:
         buffer.open(QIODevice::WriteOnly);
         MyDataStream out(&buffer);
         form.SerializeXml("T1", 1, out);
-        QCOMPARE(bytes, QByteArray("<item>\n<c>T1</c>\n<d>1</d>\n<f><c>fld_1</c><v>12.50</v></f>\n"
-                                   "</item>"));
+        QCOMPARE(bytes,
+                 QByteArray("<item>\n<c>T1</c>\n<d>1</d>\n<f><c>fld_1</c><v>12.50</v></f>\n"
+                            "</item>"));
     }
 
     void imports()
     {
         QVERIFY(CTaxData_Form(ENUM_FORM_T1).ShouldBeImported(1, ENUM_PROV_ON)); // mandatory
-        QVERIFY(CTaxData_Form(ENUMTYPE_FORM(3)).ShouldBeImported(0, ENUM_PROV_ON)); // always imported
+        QVERIFY(
+            CTaxData_Form(ENUMTYPE_FORM(3)).ShouldBeImported(0, ENUM_PROV_ON)); // always imported
         QVERIFY(!CTaxData_Form(ENUMTYPE_FORM(4)).ShouldBeImported(3, ENUM_PROV_ON));
     }
 };

@@ -49,7 +49,8 @@ private slots:
         QTest::newRow("count 3") << good << 0x10300 << 3;
         QTest::newRow("count 0 gives twelve") << withCount(good.left(92), 0) << 0x10300 << 12;
         QTest::newRow("archive older than the count") << QByteArray("") << 0x100d1 << 12;
-        QTest::newRow("negative count gives twelve") << withCount(good.left(92), -7) << 0x10300 << 12;
+        QTest::newRow("negative count gives twelve")
+            << withCount(good.left(92), -7) << 0x10300 << 12;
         QTest::newRow("huge count, few bytes") << withCount(good, 0x7fffffff) << 0x10300 << 3;
         QTest::newRow("cut in the last row") << good.left(good.size() - 1) << 0x10300 << 2;
         QTest::newRow("cut in the own fields") << good.left(50) << 0x10300 << 0;

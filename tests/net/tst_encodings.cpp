@@ -136,7 +136,8 @@ void tst_Encodings::urlEncodeCases_data()
     QTest::newRow("plus is escaped") << QByteArray("+") << QByteArray("%2B");
     QTest::newRow("line feed gets %0") << QByteArray("\n") << QByteArray("%0A");
     QTest::newRow("form separators") << QByteArray("k=v&x") << QByteArray("k%3Dv%26x");
-    QTest::newRow("high byte printed as negative int") << QByteArray("\xe9") << QByteArray("%0FFFFFFE9");
+    QTest::newRow("high byte printed as negative int")
+        << QByteArray("\xe9") << QByteArray("%0FFFFFFE9");
     QTest::newRow("stops at zero byte") << QByteArray("ab\0cd", 5) << QByteArray("ab");
 }
 
@@ -156,7 +157,8 @@ void tst_Encodings::urlDecodeCases_data()
     QTest::newRow("escapes") << QByteArray("%20%0A%2b%6a") << QByteArray(" \n+j");
     QTest::newRow("escaped zero byte kept") << QByteArray("a%00b") << QByteArray("a\0b", 3);
     // The two characters after "%" are read as "%x" reads them.
-    QTest::newRow("reading stops at a non-hex character") << QByteArray("%4gz") << QByteArray("\x04z");
+    QTest::newRow("reading stops at a non-hex character")
+        << QByteArray("%4gz") << QByteArray("\x04z");
     QTest::newRow("leading blank skipped") << QByteArray("% 9") << QByteArray("\x09");
     QTest::newRow("minus sign wraps to a byte") << QByteArray("%-1x") << QByteArray("\xffx");
     QTest::newRow("one digit left at the end") << QByteArray("%4") << QByteArray("\x04");

@@ -27,8 +27,7 @@ private slots:
 };
 
 // Feeds `repeat` copies of `input` one after another.
-template<typename Hash>
-static std::string digestOf(const QByteArray& input, int repeat)
+template<typename Hash> static std::string digestOf(const QByteArray& input, int repeat)
 {
     Hash h;
     for (int i = 0; i < repeat; ++i)
@@ -43,18 +42,18 @@ void tst_Hashes::fipsVectors_data()
     QTest::addColumn<QByteArray>("sha1");
     QTest::addColumn<QByteArray>("sha256");
 
-    QTest::newRow("empty message, padding only") << QByteArray() << 1
-        << QByteArray("da39a3ee5e6b4b0d3255bfef95601890afd80709")
+    QTest::newRow("empty message, padding only")
+        << QByteArray() << 1 << QByteArray("da39a3ee5e6b4b0d3255bfef95601890afd80709")
         << QByteArray("e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
-    QTest::newRow("abc, one block") << QByteArray("abc") << 1
-        << QByteArray("a9993e364706816aba3e25717850c26c9cd0d89d")
+    QTest::newRow("abc, one block")
+        << QByteArray("abc") << 1 << QByteArray("a9993e364706816aba3e25717850c26c9cd0d89d")
         << QByteArray("ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
     QTest::newRow("448 bits, length spills into a second block")
         << QByteArray("abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq") << 1
         << QByteArray("84983e441c3bd26ebaae4aa1f95129e5e54670f1")
         << QByteArray("248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1");
-    QTest::newRow("a million a, many blocks") << QByteArray(1000, 'a') << 1000
-        << QByteArray("34aa973cd4c4daa4f61eeb2bdbad27316534016f")
+    QTest::newRow("a million a, many blocks")
+        << QByteArray(1000, 'a') << 1000 << QByteArray("34aa973cd4c4daa4f61eeb2bdbad27316534016f")
         << QByteArray("cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0");
 }
 

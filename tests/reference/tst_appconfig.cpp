@@ -50,24 +50,24 @@ void tst_AppConfig::read_data()
     QTest::addColumn<QString>("url");
     QTest::addColumn<bool>("autoSave");
     QTest::newRow("win") << QByteArray("Platform=win\n") << 0 << QString() << false;
-    QTest::newRow("capitals and blanks around =") << QByteArray("  PLATFORM = WIN \r\n") << 0
-                                                  << QString() << false;
+    QTest::newRow("capitals and blanks around =")
+        << QByteArray("  PLATFORM = WIN \r\n") << 0 << QString() << false;
     QTest::newRow("linux") << QByteArray("platform=Linux") << 1 << QString() << false;
-    QTest::newRow("unknown platform is mac") << QByteArray("Platform=beos\n") << 2 << QString()
-                                             << false;
-    QTest::newRow("line without = changes nothing") << QByteArray("Platform win\nServerUrl\n")
-                                                    << 2 << QString() << false;
+    QTest::newRow("unknown platform is mac")
+        << QByteArray("Platform=beos\n") << 2 << QString() << false;
+    QTest::newRow("line without = changes nothing")
+        << QByteArray("Platform win\nServerUrl\n") << 2 << QString() << false;
     QTest::newRow("value keeps text after the first =")
         << QByteArray("serverurl = https://x/?a=1&b=2\n") << 2
         << QStringLiteral("https://x/?a=1&b=2") << false;
-    QTest::newRow("registered boolean, yes") << QByteArray("AutoSave=YES\n") << 2 << QString()
-                                             << true;
-    QTest::newRow("boolean maybe stays") << QByteArray("AutoSave=maybe\n") << 2 << QString()
-                                         << false;
+    QTest::newRow("registered boolean, yes")
+        << QByteArray("AutoSave=YES\n") << 2 << QString() << true;
+    QTest::newRow("boolean maybe stays")
+        << QByteArray("AutoSave=maybe\n") << 2 << QString() << false;
     QTest::newRow("later line wins, boolean set back")
         << QByteArray("AutoSave=1\nAutoSave=False\nPlatform=mac\n") << 2 << QString() << false;
-    QTest::newRow("unregistered key ignored") << QByteArray("Colour=red\n#Platform=win\n") << 2
-                                              << QString() << false;
+    QTest::newRow("unregistered key ignored")
+        << QByteArray("Colour=red\n#Platform=win\n") << 2 << QString() << false;
     QTest::newRow("UTF-8 value") << QByteArray("ServerUrl=caf\xc3\xa9\n") << 2
                                  << QStringLiteral("caf\u00e9") << false;
 }
@@ -129,10 +129,14 @@ void tst_AppConfig::libFilename_data()
     QTest::addColumn<QString>("ignored");
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("file");
-    QTest::newRow("province") << QString() << "LibOntario" << "libLibOntario.1.dylib";
-    QTest::newRow("suffix kept, first argument ignored")
-        << "LibOntario" << "LibAlberta_nonresi" << "libLibAlberta_nonresi.1.dylib";
-    QTest::newRow("percent not expanded twice") << "%1" << "Lib%1" << "libLib%1.1.dylib";
+    QTest::newRow("province") << QString() << "LibOntario"
+                              << "libLibOntario.1.dylib";
+    QTest::newRow("suffix kept, first argument ignored") << "LibOntario"
+                                                         << "LibAlberta_nonresi"
+                                                         << "libLibAlberta_nonresi.1.dylib";
+    QTest::newRow("percent not expanded twice") << "%1"
+                                                << "Lib%1"
+                                                << "libLib%1.1.dylib";
 }
 
 void tst_AppConfig::libFilename()
@@ -158,8 +162,8 @@ void tst_AppConfig::showInFolderArguments()
     // On a desktop without the Finder the path travels as data, never as script.
     QVERIFY(showInFolderCommand("/home/a/x; rm -rf ~,b.tax", 1, program, args));
     QCOMPARE(program, QStringLiteral("/bin/sh"));
-    QCOMPARE(args.mid(2), QStringList({ "sh", "file:///home/a/x;%20rm%20-rf%20~%2Cb.tax",
-                                        "/home/a" }));
+    QCOMPARE(args.mid(2),
+             QStringList({ "sh", "file:///home/a/x;%20rm%20-rf%20~%2Cb.tax", "/home/a" }));
     QVERIFY(!showInFolderCommand(QString(), 1, program, args));
 
     const ShowInFolderLauncher previous = setShowInFolderLauncher(&recordLaunch);

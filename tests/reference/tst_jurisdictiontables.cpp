@@ -17,7 +17,10 @@ private slots:
     void entity();
 };
 
-static QByteArray b(const char* s) { return QByteArray(s); }
+static QByteArray b(const char* s)
+{
+    return QByteArray(s);
+}
 
 void tst_JurisdictionTables::shapesAndKeptRows()
 {
@@ -45,7 +48,8 @@ void tst_JurisdictionTables::shapesAndKeptRows()
     QCOMPARE(b(Global_Currency_Info[3].name), b("Australia Dolloar"));
     QVERIFY(!Global_Provs_Info[11].libName && !Global2_Provs_Info[14].trustLibName);
     QCOMPARE(b(Global_QC_ANNEXE3_Info[4].text),
-             b("D\xe9" "duction pour les revenus provenant d\x92un projet majeur "
+             b("D\xe9"
+               "duction pour les revenus provenant d\x92un projet majeur "
                "d\x92investissement"));
     QCOMPARE(b(Global_QC_ANNEXE3_Info[12].text2), b("99"));
 }
@@ -146,10 +150,13 @@ void tst_JurisdictionTables::entity()
     QCOMPARE(getProvince(""), ENUM_PROV_NONE);
     QCOMPARE(getProvince(nullptr), ENUM_PROV_NONE);
 
-    const struct { int type; const char* id; const char* name; } rows[] = {
-        { 8, "T12345678", "(trust)" }, { 2, "123456789", "(corporation)" },
-        { 1, "000000000", "(person)" }, { 4, "987654321", "(partnership)" },
-        { 0, "987654321", "(person)" }, { 5, "987654321", "(person)" } };
+    const struct {
+        int type;
+        const char* id;
+        const char* name;
+    } rows[] = { { 8, "T12345678", "(trust)" },  { 2, "123456789", "(corporation)" },
+                 { 1, "000000000", "(person)" }, { 4, "987654321", "(partnership)" },
+                 { 0, "987654321", "(person)" }, { 5, "987654321", "(person)" } };
     for (const auto& r : rows) {
         EntityEntry e(3);
         e.update("", "Ltd", r.type, "", "1 Main", "a", "b", "K1A 0B1", "m@x.ca", "555");

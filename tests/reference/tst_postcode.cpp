@@ -94,9 +94,9 @@ void tst_PostCode::isFromProv()
     QFETCH(QByteArray, code);
     QFETCH(int, prov);
     QFETCH(bool, expected);
-    QCOMPARE(CPostCodeInfo::GetInstance()->IsPostCodeFromProv(code.constData(),
-                                                              ENUMTYPE_PROVINCE(prov)),
-             expected);
+    QCOMPARE(
+        CPostCodeInfo::GetInstance()->IsPostCodeFromProv(code.constData(), ENUMTYPE_PROVINCE(prov)),
+        expected);
     QCOMPARE(CPostCodeInfo::GetInstance()->ProvFromPostCode(nullptr), ENUM_PROV_NONE);
 }
 
@@ -111,8 +111,8 @@ void tst_PostCode::resourceShape()
     QCOMPARE(bytes.count('\r'), bytes.count("\r\n"));
     QVERIFY(bytes.endsWith("\r\n\r\n"));
 
-    const QList<QByteArray> order = { "AB", "BC", "MB", "NB", "NL", "NT", "NS",
-                                      "NU", "ON", "PE", "QC", "SK", "YT" };
+    const QList<QByteArray> order
+        = { "AB", "BC", "MB", "NB", "NL", "NT", "NS", "NU", "ON", "PE", "QC", "SK", "YT" };
     const int provOf[] = { 1, 2, 3, 4, 5, 7, 6, 8, 9, 10, 11, 12, 13 };
     const QRegularExpression area(QStringLiteral("^[A-Z][0-9][A-Z]$"));
     QSet<QByteArray> seen;

@@ -43,18 +43,57 @@ void tst_ContactDetails::characterTables()
     QVERIFY(!isAlphabetic('@') && !isAlphabetic('[') && !isAlphabetic(char(0xC1)));
 }
 
-static bool name(const QString& s) { return CheckName(s.toLatin1().constData()); }
-static bool busiName(const QString& s) { return CheckBusiName(s); }
-static bool city(const QString& s) { return CheckCityName(s); }
-static bool address(const QString& s) { CString c(s); return CheckAddress(c); }
-static bool addrCO(const QString& s) { CString c(s); return CheckAddrCO(c); }
-static bool caPost(const QString& s) { return CheckCAPostCode(s.toLatin1().constData()); }
-static bool usPost(const QString& s) { return CheckUSPostCode(s.toLatin1().constData()); }
-static bool phone(const QString& s) { return CheckPhoneNumber(s); }
-static bool flatPhone(const QString& s) { return CheckPhoneFlatEditNumber(s, false); }
-static bool phoneTyped(const QString& s) { return ChkPhoneStrHasSomething(s); }
-static bool email(const QString& s) { QString t(s); return is_email_valid(t); }
-static bool t2(const QString& s) { return CheckT2ValidChar(s); }
+static bool name(const QString& s)
+{
+    return CheckName(s.toLatin1().constData());
+}
+static bool busiName(const QString& s)
+{
+    return CheckBusiName(s);
+}
+static bool city(const QString& s)
+{
+    return CheckCityName(s);
+}
+static bool address(const QString& s)
+{
+    CString c(s);
+    return CheckAddress(c);
+}
+static bool addrCO(const QString& s)
+{
+    CString c(s);
+    return CheckAddrCO(c);
+}
+static bool caPost(const QString& s)
+{
+    return CheckCAPostCode(s.toLatin1().constData());
+}
+static bool usPost(const QString& s)
+{
+    return CheckUSPostCode(s.toLatin1().constData());
+}
+static bool phone(const QString& s)
+{
+    return CheckPhoneNumber(s);
+}
+static bool flatPhone(const QString& s)
+{
+    return CheckPhoneFlatEditNumber(s, false);
+}
+static bool phoneTyped(const QString& s)
+{
+    return ChkPhoneStrHasSomething(s);
+}
+static bool email(const QString& s)
+{
+    QString t(s);
+    return is_email_valid(t);
+}
+static bool t2(const QString& s)
+{
+    return CheckT2ValidChar(s);
+}
 
 void tst_ContactDetails::textChecks_data()
 {
@@ -78,7 +117,8 @@ void tst_ContactDetails::textChecks_data()
     row("city: point and apostrophe", city, "St. John's", true);
     row("city: accent", city, QStringLiteral("Rue Montr\u00e9al"), true);
     row("city: comma", city, "Ottawa, ON", false);
-    row("address: second UTF-8 byte of an accent", address, QStringLiteral("Rue Montr\u00e9al"), false);
+    row("address: second UTF-8 byte of an accent", address, QStringLiteral("Rue Montr\u00e9al"),
+        false);
     row("address: scan stops before the last byte", address, QStringLiteral("Caf\u00e9"), true);
     row("address: c/o inside", address, "12 Main St c/o Smith", false);
     row("address: mixed-case C/o is let through", address, "C/o Smith", true);
@@ -123,10 +163,13 @@ void tst_ContactDetails::rawValues_data()
     QTest::newRow("CA raw: lower case and blank") << QString(GetRawPostcode("k1a 0b1")) << "K1A0B1";
     QTest::newRow("CA raw: leading digit skipped") << QString(GetCARawPostcode("1K1A")) << "K1A";
     QTest::newRow("CA raw: stops at six") << QString(GetCARawPostcode("K1A0B1X")) << "K1A0B1";
-    QTest::newRow("US raw: trimmed, five kept") << QString(GetUSRawPostcode("  12345-6789")) << "12345";
-    QTest::newRow("phone raw: padded right") << QString(GetRawPhoneStr("(613) 5", true)) << "6135000000";
+    QTest::newRow("US raw: trimmed, five kept")
+        << QString(GetUSRawPostcode("  12345-6789")) << "12345";
+    QTest::newRow("phone raw: padded right")
+        << QString(GetRawPhoneStr("(613) 5", true)) << "6135000000";
     QTest::newRow("date raw: year first") << QString(GetRawDate("31/12/2025")) << "20251231";
-    QTest::newRow("purified: only c/o and C/O") << QString(GetPurifiedAddr("c/o A, C/O B, C/o C")) << "A, B, C/o C";
+    QTest::newRow("purified: only c/o and C/O")
+        << QString(GetPurifiedAddr("c/o A, C/O B, C/o C")) << "A, B, C/o C";
     QTest::newRow("num str") << QString(GetNumStr("a1b2\u0663", true, 3)) << "12";
     CString out("9");
     GetPureDigitStr("x1-2", out);
@@ -146,8 +189,10 @@ void tst_ContactDetails::smallChecks()
     QVERIFY(!CheckAddress_common(s)); // trimmed in place even when refused
     QCOMPARE(QString(s), QStringLiteral("-12 Main"));
     QVERIFY(CheckAddress(e) && e.IsEmpty());
-    QVERIFY(CheckPhoneNumber("0000000000", true) && CheckCountryCode("CAN") && !CheckCountryCode("can"));
-    QVERIFY(CheckIsAlphaOrSpace("A-B_C +$%<>") && CheckDate("20250101xyz") && !CheckDate("2025010"));
+    QVERIFY(CheckPhoneNumber("0000000000", true) && CheckCountryCode("CAN")
+            && !CheckCountryCode("can"));
+    QVERIFY(CheckIsAlphaOrSpace("A-B_C +$%<>") && CheckDate("20250101xyz")
+            && !CheckDate("2025010"));
     std::list<CString> a { "ON", "", "", "qc", "QC" }, none, allowed { "Qc" };
     QVERIFY(!CheckIfAllSomeStringsAreSame(a, none));
     QVERIFY(CheckIfAllSomeStringsAreSame(a, allowed));
@@ -161,7 +206,8 @@ void tst_ContactDetails::smallChecks()
     CIntField state(5), us(2);
     long count = 1;
     std::list<CString> messages;
-    QCOMPARE(validateAddr2(count, messages, blank, ignored, blank, state, us, zip, "[%s]", nullptr), 2L);
+    QCOMPARE(validateAddr2(count, messages, blank, ignored, blank, state, us, zip, "[%s]", nullptr),
+             2L);
     QCOMPARE(count, 3L);
     QCOMPARE(QList<CString>(messages.begin(), messages.end()),
              (QList<CString> { "[Street address]", "[City]" }));
@@ -175,16 +221,17 @@ void tst_ContactDetails::validateAddr_data()
     QTest::addColumn<QString>("postal");
     QTest::addColumn<QStringList>("labels");
     QTest::newRow("complete Canadian") << "12" << 9 << 1 << "K1A 0B1" << QStringList();
-    QTest::newRow("nine-character street number") << "123456789" << 9 << 1 << "K1A 0B1"
-                                                  << QStringList { "Street number/name" };
-    QTest::newRow("CA: no province, bad code") << "12" << 0 << 1 << "12345"
-                                               << QStringList { "Province", "Postal code" };
-    QTest::newRow("US: no state, empty zip") << "12" << 0 << 2 << " "
-                                             << QStringList { "State", "Postal code" };
-    QTest::newRow("US: Canadian code") << "12" << 5 << 2 << "K1A 0B1" << QStringList { "Postal code" };
+    QTest::newRow("nine-character street number")
+        << "123456789" << 9 << 1 << "K1A 0B1" << QStringList { "Street number/name" };
+    QTest::newRow("CA: no province, bad code")
+        << "12" << 0 << 1 << "12345" << QStringList { "Province", "Postal code" };
+    QTest::newRow("US: no state, empty zip")
+        << "12" << 0 << 2 << " " << QStringList { "State", "Postal code" };
+    QTest::newRow("US: Canadian code")
+        << "12" << 5 << 2 << "K1A 0B1" << QStringList { "Postal code" };
     QTest::newRow("country 3: nothing further") << "12" << 0 << 3 << "" << QStringList();
-    QTest::newRow("country 0: postal ignored") << "" << 0 << 0 << ""
-                                               << QStringList { "Street number/name", "Country" };
+    QTest::newRow("country 0: postal ignored")
+        << "" << 0 << 0 << "" << QStringList { "Street number/name", "Country" };
 }
 
 void tst_ContactDetails::validateAddr()

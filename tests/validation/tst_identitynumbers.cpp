@@ -16,12 +16,30 @@ private slots:
 using Check = bool (*)(const char*);
 Q_DECLARE_METATYPE(Check)
 
-static bool sin1(const char* s) { return CheckSIN(s); }
-static bool trust(const char* s) { return CheckTrustNumber(s, nullptr); }
-static bool gst(const char* s) { return CheckGSTAccountNumber(CString(s)); }
-static bool pship(const char* s) { return CheckPartnershipNumber(CString(s)); }
-static bool shelter(const char* s) { return CheckTaxShelterNumber(CString(s)); }
-static bool prog(const char* s) { return CheckCRAProgNum(s, "RC", false); }
+static bool sin1(const char* s)
+{
+    return CheckSIN(s);
+}
+static bool trust(const char* s)
+{
+    return CheckTrustNumber(s, nullptr);
+}
+static bool gst(const char* s)
+{
+    return CheckGSTAccountNumber(CString(s));
+}
+static bool pship(const char* s)
+{
+    return CheckPartnershipNumber(CString(s));
+}
+static bool shelter(const char* s)
+{
+    return CheckTaxShelterNumber(CString(s));
+}
+static bool prog(const char* s)
+{
+    return CheckCRAProgNum(s, "RC", false);
+}
 
 void tst_IdentityNumbers::predicates_data()
 {
@@ -97,7 +115,9 @@ void tst_IdentityNumbers::listsAndLongInput()
     QVERIFY(!CheckNISAPIN(zeros.c_str()));
     QVERIFY(!CheckGSTAccountNumber(CString(QString(zeros.size(), QChar(0x00E9)))));
     // An embedded NUL ends a byte string and is no digit in a CString.
-    QVERIFY(!CheckPartnershipIDOrFileID(CString(QString::fromLatin1("1234\0" "5678", 9))));
+    QVERIFY(!CheckPartnershipIDOrFileID(CString(QString::fromLatin1("1234\0"
+                                                                    "5678",
+                                                                    9))));
     QVERIFY(!CheckTaxShelterNumber(CString(QStringLiteral("TS12345\u0661"))));
 }
 

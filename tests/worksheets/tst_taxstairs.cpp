@@ -14,8 +14,9 @@ class tst_TaxStairs : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        for (auto [threshold, rate, base] : { std::array{ 0.0, 0.10, 0.0 }, std::array{ 50000.0, 0.20, 5000.0 },
-                                              std::array{ 100000.0, 0.30, 15000.0 } })
+        for (auto [threshold, rate, base] :
+             { std::array { 0.0, 0.10, 0.0 }, std::array { 50000.0, 0.20, 5000.0 },
+               std::array { 100000.0, 0.30, 15000.0 } })
             m_table.addLevel(threshold, rate, base);
     }
 
@@ -23,9 +24,12 @@ private Q_SLOTS:
     {
         for (const char* column : { "income", "tax", "threshold", "rate" })
             QTest::addColumn<double>(column);
-        QTest::newRow("exactly at a threshold: the lower level") << 50000.0 << 5000.0 << 0.0 << 0.10;
-        QTest::newRow("a cent above: the upper level, 0.002 rounds away") << 50000.01 << 5000.0 << 50000.0 << 0.20;
-        QTest::newRow("above every threshold: the last level") << 150000.0 << 30000.0 << 100000.0 << 0.30;
+        QTest::newRow("exactly at a threshold: the lower level")
+            << 50000.0 << 5000.0 << 0.0 << 0.10;
+        QTest::newRow("a cent above: the upper level, 0.002 rounds away")
+            << 50000.01 << 5000.0 << 50000.0 << 0.20;
+        QTest::newRow("above every threshold: the last level")
+            << 150000.0 << 30000.0 << 100000.0 << 0.30;
         QTest::newRow("negative income: level 0, negative tax") << -1000.0 << -100.0 << 0.0 << 0.10;
         QTest::newRow("every step rounded: 0.045 -> 0.05 -> 0.01") << 0.045 << 0.01 << 0.0 << 0.10;
     }
@@ -45,7 +49,8 @@ private Q_SLOTS:
             QTest::addColumn<double>(column);
         QTest::newRow("at level 1's threshold: income back, no tax") << 50000.0 << 50000.0 << 0.0;
         QTest::newRow("above it by less than 0.009: the same") << 50000.008 << 50000.008 << 0.0;
-        QTest::newRow("above: the income taxed alike at the lowest rate") << 60000.0 << 70000.0 << 7000.0;
+        QTest::newRow("above: the income taxed alike at the lowest rate")
+            << 60000.0 << 70000.0 << 7000.0;
     }
     void spouse()
     {
@@ -66,14 +71,14 @@ private Q_SLOTS:
         QCOMPARE(t.CalcAlgoForTax(0.033), 0.033 * 0.15);
         QCOMPARE(t.CalcAlgoForSpouseF260S2(90000, tax), 90000.0);
         QCOMPARE(tax, 0.0);
-        std::list<double> out{ -1.0 };
+        std::list<double> out { -1.0 };
         t.GetIncomeThresholds(out);
         QCOMPARE(out.size(), size_t(1));
         // Level 0's threshold is taken off too; thresholds are appended, level 0 left out.
         t.addLevel(5000, 0.20, 600);
         QCOMPARE(t.CalcAlgoForTax(2000), 249.0);
         t.GetIncomeThresholds(out);
-        QCOMPARE(out, (std::list<double>{ -1.0, 5000.0 }));
+        QCOMPARE(out, (std::list<double> { -1.0, 5000.0 }));
     }
 
     // The table holds ten levels: an eleventh is refused, not written past the end.

@@ -14,7 +14,10 @@
 // QFETCH as an expression.
 #define FETCH(Type, name) (*static_cast<Type*>(QTest::qData(#name, ::qMetaTypeId<Type>())))
 
-template<typename... T, typename... N> static void columns(N... n) { (QTest::addColumn<T>(n), ...); }
+template<typename... T, typename... N> static void columns(N... n)
+{
+    (QTest::addColumn<T>(n), ...);
+}
 
 static const double D = GetDaysInYear(LIBBEDROCK_TAX_YEAR);
 
@@ -25,7 +28,10 @@ class tst_Worksheets : public QObject
     // Row 1: aged 10, income 3000; row 2: aged 18, income 12000.55; F185 adds 500.
     DependantInfoStruct m_list;
 
-    void attach(CWSDepBaseData& ws) { ws.m_pDepInfo = &m_list, ws.DepIdx.m_value = FETCH(int, depIdx); }
+    void attach(CWSDepBaseData& ws)
+    {
+        ws.m_pDepInfo = &m_list, ws.DepIdx.m_value = FETCH(int, depIdx);
+    }
 
 private Q_SLOTS:
     void initTestCase()
@@ -42,13 +48,16 @@ private Q_SLOTS:
     void ageAmount_data()
     {
         columns<bool, double, double, double, double, double, double>(
-                "eligible", "days", "claimDays", "income", "line1", "line4", "line7");
+            "eligible", "days", "claimDays", "income", "line1", "line4", "line7");
         // Base 7000, threshold 40000, rate 0.15.
         QTest::newRow("not eligible: lines 1-3 still prorated, stored unrounded")
             << false << 100.0 << D << 90000.0 << 7000 / D * 100 << 0.0 << 0.0;
-        QTest::newRow("income under threshold: line 4 clamped") << true << D << D << 30000.0 << 7000.0 << 0.0 << 7000.0;
-        QTest::newRow("line 4 and 6 set, so rounded") << true << D << D << 40000.333 << 7000.0 << 0.33 << 6999.95;
-        QTest::newRow("reduction beyond base gives 0") << true << D << D << 90000.0 << 7000.0 << 50000.0 << 0.0;
+        QTest::newRow("income under threshold: line 4 clamped")
+            << true << D << D << 30000.0 << 7000.0 << 0.0 << 7000.0;
+        QTest::newRow("line 4 and 6 set, so rounded")
+            << true << D << D << 40000.333 << 7000.0 << 0.33 << 6999.95;
+        QTest::newRow("reduction beyond base gives 0")
+            << true << D << D << 90000.0 << 7000.0 << 50000.0 << 0.0;
         QTest::newRow("one claim day: line 7 set, so rounded")
             << true << D << 1.0 << 30000.0 << 7000.0 << 0.0 << RoundFloatAtDecision(7000 / D, 2);
     }
@@ -68,10 +77,10 @@ private Q_SLOTS:
         // Disability: maximum 9000, threshold 3000; line 4 held 77 before each run.
         CWSDisabilityAmtData ws;
         for (auto [claim, under18, line2, line4, line5] :
-             { std::array{ 1.0, 1.0, -50.0, 0.0, 9000.0 }, // a negative line 2 counts as 0
-               std::array{ 1.0, 1.0, 5000.004, 2000.0, 7000.0 }, // set rounds line 4
-               std::array{ 0.0, 1.0, 5000.0, 77.0, 0.0 }, // no claim: line 4 untouched
-               std::array{ 1.0, 0.0, 5000.0, 77.0, 0.0 } }) { // adult
+             { std::array { 1.0, 1.0, -50.0, 0.0, 9000.0 }, // a negative line 2 counts as 0
+               std::array { 1.0, 1.0, 5000.004, 2000.0, 7000.0 }, // set rounds line 4
+               std::array { 0.0, 1.0, 5000.0, 77.0, 0.0 }, // no claim: line 4 untouched
+               std::array { 1.0, 0.0, 5000.0, 77.0, 0.0 } }) { // adult
             ws.SetF5844Parameter(9000, 3000, under18 != 0);
             ws.fld_ws5844_claim.m_value = int(claim);
             ws.fld_ws5844_2.m_value = line2;
@@ -82,8 +91,8 @@ private Q_SLOTS:
         }
         CWSDividendTaxCreditData div; // rates 0.15 and 0.1; products set, so rounded
         div.SetParameter(0.15, 0.1);
-        for (auto [l120, l180, f5, f6] : { std::array{ 1000.0, 400.1, 59.99, 120.01 },
-                                          std::array{ 100.0, 400.0, 0.0, 60.0 } }) {
+        for (auto [l120, l180, f5, f6] : { std::array { 1000.0, 400.1, 59.99, 120.01 },
+                                           std::array { 100.0, 400.0, 0.0, 60.0 } }) {
             div.fld_Line120.m_value = l120;
             div.fld_Line180.m_value = l180;
             QCOMPARE(div.Calculate(), 0);
@@ -107,7 +116,8 @@ private Q_SLOTS:
         CWSCaregiverAmtData care;
         CWSDisabilityTransferAmtData transfer;
         CWSMedicalExpAdjustmentData med(2000, 0.03, 5000);
-        for (CWSDepBaseData* ws : std::initializer_list<CWSDepBaseData*>{ &dep, &care, &transfer, &med }) {
+        for (CWSDepBaseData* ws :
+             std::initializer_list<CWSDepBaseData*> { &dep, &care, &transfer, &med }) {
             attach(*ws);
             for (CField* f : ws->m_fields)
                 if (f->getFieldType() == FIELD_TYPE_FLOAT)
@@ -116,7 +126,8 @@ private Q_SLOTS:
         }
         QCOMPARE(dep.DepNetInc.m_value + dep.AmountClaim.m_value, 0.0);
         QCOMPARE(care.DepNetInc.m_value + care.AmountClaim.m_value + care.fld_4.m_value, 0.0);
-        QCOMPARE(transfer.fld_4.m_value + transfer.DepTaxInc.m_value + transfer.fld_claim.m_value, 0.0);
+        QCOMPARE(transfer.fld_4.m_value + transfer.DepTaxInc.m_value + transfer.fld_claim.m_value,
+                 0.0);
         QCOMPARE(med.DepNetInc.m_value + med.fld_line2.m_value + med.AmountClaim.m_value, 0.0);
     }
 
@@ -142,15 +153,20 @@ private Q_SLOTS:
     void infirm_data()
     {
         columns<int, bool, double, int, double, double, double>(
-                "depIdx", "withList", "max", "f5816Idx", "netInc", "fld3", "claim");
+            "depIdx", "withList", "max", "f5816Idx", "netInc", "fld3", "claim");
         // Base 8000.004, 58160 amount 1000; a typed income of 1999.996 is there before.
-        QTest::newRow("none chosen: fld_3 still worked out") << 0 << true << 7000.0 << 0 << 0.0 << 7000.0 << 0.0;
-        QTest::newRow("own income, no F185; set rounds") << 1 << true << 7000.0 << 2 << 3000.0 << 5000.0 << 5000.0;
+        QTest::newRow("none chosen: fld_3 still worked out")
+            << 0 << true << 7000.0 << 0 << 0.0 << 7000.0 << 0.0;
+        QTest::newRow("own income, no F185; set rounds")
+            << 1 << true << 7000.0 << 2 << 3000.0 << 5000.0 << 5000.0;
         QTest::newRow("max 0 is a max") << 1 << true << 0.0 << 0 << 3000.0 << 0.0 << 0.0;
-        QTest::newRow("58160 for the same dependant") << 1 << true << 7000.0 << 1 << 3000.0 << 5000.0 << 4000.0;
+        QTest::newRow("58160 for the same dependant")
+            << 1 << true << 7000.0 << 1 << 3000.0 << 5000.0 << 4000.0;
         QTest::newRow("past the list is none") << 3 << true << 7000.0 << 3 << 0.0 << 7000.0 << 0.0;
-        QTest::newRow("303 keeps typed income, 58160 always off") << 303 << true << 9000.0 << 2 << 1999.996 << 6000.01 << 5000.01;
-        QTest::newRow("303 never reads the list") << 303 << false << 9000.0 << 0 << 1999.996 << 6000.01 << 5000.01;
+        QTest::newRow("303 keeps typed income, 58160 always off")
+            << 303 << true << 9000.0 << 2 << 1999.996 << 6000.01 << 5000.01;
+        QTest::newRow("303 never reads the list")
+            << 303 << false << 9000.0 << 0 << 1999.996 << 6000.01 << 5000.01;
     }
     void infirm()
     {
@@ -167,10 +183,13 @@ private Q_SLOTS:
 
     void caregiver_data()
     {
-        columns<int, bool, double, int, double>("depIdx", "overwrite", "typed", "f5816Idx", "claim");
+        columns<int, bool, double, int, double>("depIdx", "overwrite", "typed", "f5816Idx",
+                                                "claim");
         // Base 8000, max 7000, 58160 amount 1000: X is 5000, or 4000 after 58160.
-        QTest::newRow("computed amount replaces the typed one") << 1 << false << 123.0 << 0 << 5000.0;
-        QTest::newRow("overwrite: typed below X stays, unrounded") << 1 << true << 4000.004 << 0 << 4000.004;
+        QTest::newRow("computed amount replaces the typed one")
+            << 1 << false << 123.0 << 0 << 5000.0;
+        QTest::newRow("overwrite: typed below X stays, unrounded")
+            << 1 << true << 4000.004 << 0 << 4000.004;
         QTest::newRow("overwrite: typed above X drops to X") << 1 << true << 6000.0 << 0 << 5000.0;
         QTest::newRow("overwrite: negative becomes 0") << 1 << true << -10.0 << 0 << 0.0;
         QTest::newRow("58160 for the same dependant") << 1 << false << 0.0 << 1 << 4000.0;
@@ -189,13 +208,18 @@ private Q_SLOTS:
     void disabilityTransfer_data()
     {
         columns<int, double, double, bool, double, double, double, double>(
-                "depIdx", "childCare", "depTaxInc", "overwrite", "typed", "line6", "line8", "claim");
+            "depIdx", "childCare", "depTaxInc", "overwrite", "typed", "line6", "line8", "claim");
         // Base 9000, line 2 max 5000, line 4 base 3000; fld_4 typed as -50, so 0.
-        QTest::newRow("under 18: care expense reduces line 6") << 1 << 4000.0 << 0.0 << false << 0.0 << 4000.0 << 13000.0 << 13000.0;
-        QTest::newRow("under 18: line 6 clamps; negative tax income is 0") << 1 << 10000.0 << -100.0 << false << 0.0 << 0.0 << 9000.0 << 9000.0;
-        QTest::newRow("aged 18: no under-18 amount") << 2 << 4000.0 << 2000.0 << false << 0.0 << 0.0 << 9000.0 << 7000.0;
-        QTest::newRow("overwrite: a claim of 0 stays 0") << 1 << 4000.0 << 0.0 << true << 0.0 << 4000.0 << 13000.0 << 0.0;
-        QTest::newRow("overwrite: least of the three") << 2 << 0.0 << 8000.0 << true << 2000.0 << 0.0 << 9000.0 << 1000.0;
+        QTest::newRow("under 18: care expense reduces line 6")
+            << 1 << 4000.0 << 0.0 << false << 0.0 << 4000.0 << 13000.0 << 13000.0;
+        QTest::newRow("under 18: line 6 clamps; negative tax income is 0")
+            << 1 << 10000.0 << -100.0 << false << 0.0 << 0.0 << 9000.0 << 9000.0;
+        QTest::newRow("aged 18: no under-18 amount")
+            << 2 << 4000.0 << 2000.0 << false << 0.0 << 0.0 << 9000.0 << 7000.0;
+        QTest::newRow("overwrite: a claim of 0 stays 0")
+            << 1 << 4000.0 << 0.0 << true << 0.0 << 4000.0 << 13000.0 << 0.0;
+        QTest::newRow("overwrite: least of the three")
+            << 2 << 0.0 << 8000.0 << true << 2000.0 << 0.0 << 9000.0 << 1000.0;
     }
     void disabilityTransfer()
     {
@@ -223,7 +247,8 @@ private Q_SLOTS:
         QTest::newRow("expense below line 2 gives 0") << 1 << 2000.0 << 50.0 << 90.0 << 0.0;
         QTest::newRow("claim limit") << 1 << 2000.0 << 9000.0 << 90.0 << 5000.0;
         QTest::newRow("line 2 set, so rounded") << 2 << 2000.0 << 1000.0 << 360.02 << 639.98;
-        QTest::newRow("line 2 capped by a store, claim set") << 2 << 300.005 << 1000.0 << 300.005 << 700.0;
+        QTest::newRow("line 2 capped by a store, claim set")
+            << 2 << 300.005 << 1000.0 << 300.005 << 700.0;
     }
     void medical()
     {

@@ -57,8 +57,8 @@ void tst_XmlReaders::readers_data()
         "Ann");
     row("attribute reader wants the exact name", getElementSubEleStringAttribute(r, "Name", "id"),
         "");
-    row("attribute reader by the exact name",
-        getElementSubEleStringAttribute(r, "sfd:Name", "id"), "7");
+    row("attribute reader by the exact name", getElementSubEleStringAttribute(r, "sfd:Name", "id"),
+        "7");
     row("null element gives the default", getElementSubEleStringText(nullptr, "n"), "");
     row("map: siblings of any name after the first f count",
         fieldsOf("<m><g n=\"z\">0</g><f n=\"a\">1</f><g n=\"b\">2</g></m>"), "a=1;b=2;");
@@ -87,8 +87,8 @@ void tst_XmlReaders::guard_data()
     QTest::newRow("NUL inside hides the rest") << QByteArray("<m>\0</m>", 8) << false;
     QTest::newRow("40,000 levels would overflow the parser's stack")
         << nested(40000) + "</a>" << false;
-    QTest::newRow("256 levels allowed") << nested(256) + QByteArray("</a>").repeated(255) + "</m>"
-                                        << true;
+    QTest::newRow("256 levels allowed")
+        << nested(256) + QByteArray("</a>").repeated(255) + "</m>" << true;
     QTest::newRow("257 levels not") << nested(257) << false;
     QTest::newRow("a UTF-8 lead swallows the '<' of each end tag")
         << "<m>" + QByteArray("<a>\xc3</a>").repeated(300) << false;

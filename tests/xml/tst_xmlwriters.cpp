@@ -63,8 +63,7 @@ void tst_XmlWriters::writers_data()
         toString([](S o) { writeXMLForLong(o, "t", 0L, true); }), "x<t>0</t>\n");
     row("ForLong64 with its flag skips 0",
         toString([](S o) { writeXMLForLong64(o, "t", 0, true); }), "x");
-    row("ForLong(double): halves away from zero; 0.0 and -0.4 give 0",
-        toString([](S o) {
+    row("ForLong(double): halves away from zero; 0.0 and -0.4 give 0", toString([](S o) {
             for (double v : { 2.5, -2.5, 0.0, -0.4 })
                 writeXMLForLong(o, "t", v, false);
         }),
@@ -80,14 +79,18 @@ void tst_XmlWriters::writers_data()
         "x<t>007</t>\n");
     row("Integer negative: the framework puts the sign first",
         toString([](S o) { writeXMLInteger(o, "t", -7, 3); }), "x<t>-07</t>\n");
-    row("open and close; null tag is empty",
-        toString([](S o) { writeXMLOpenTagString(o, nullptr); writeXMLCloseTagString(o, "t"); }),
+    row("open and close; null tag is empty", toString([](S o) {
+            writeXMLOpenTagString(o, nullptr);
+            writeXMLCloseTagString(o, "t");
+        }),
         "x<>\n</t>\n");
     row("file value escaped, then UTF-8",
         toFile([](FILE* f) { xmlWriteTag(f, "t", CString(QStringLiteral("\u00e9\""))); }),
         "<t>\xc3\xa9&#34;</t>\n");
-    row("null FILE* writes nothing",
-        toFile([](FILE*) { xmlWriteOpenTag(nullptr, "t"); xmlWriteTagForLong(nullptr, "t", 1); }),
+    row("null FILE* writes nothing", toFile([](FILE*) {
+            xmlWriteOpenTag(nullptr, "t");
+            xmlWriteTagForLong(nullptr, "t", 1);
+        }),
         "");
     row("xmlTagString: %1 in the value takes the closing tag's name, %3 stays",
         XmlUtil::xmlTagString("t", "a%1b").toUtf8(), "<t>atb</%3>");
