@@ -2,6 +2,9 @@
 # Set-up and build on a fresh Debian 12 machine.
 #   ./bootstrap.sh example   build, then run the sample application
 #   ./bootstrap.sh test      build, then run every test
+#   ./bootstrap.sh sanitize  build everything with AddressSanitizer and
+#                            UndefinedBehaviorSanitizer (own folder), run every test
+#   ./bootstrap.sh format    check that the code keeps to .clang-format
 #   ./bootstrap.sh bench     build the benchmarks and run them
 # Missing Debian packages are installed first (needs root or sudo); a machine
 # that has them all is left alone. BUILD_DIR chooses the build folder.
@@ -15,6 +18,8 @@ jobs="$(nproc 2>/dev/null || echo 2)"
 packages=(cmake make g++ pkg-config qt6-base-dev qt6-base-dev-tools libgl-dev
           libtinyxml-dev libsodium-dev)
 [ "$what" = bench ] && packages+=(libbenchmark-dev libssl-dev)
+[ "$what" = format ] && packages=(clang-format git)
+[ "$what" = sanitize ] && build="${BUILD_DIR:-$here/build-sanitize}"
 
 missing=()
 for p in "${packages[@]}"; do
@@ -43,6 +48,24 @@ test)
     cmake --build "$build" -j "$jobs"
     ctest --test-dir "$build" --output-on-failure -j "$jobs"
     ;;
+sanitize)
+    # Leaks are reported too; third-party leaks that are not ours are listed
+    # in the suppression file. Any report fails the test that caused it.
+    flags="-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer"
+    configure -DBUILD_TESTING=ON -DBUILD_EXAMPLES=ON \
+        -DCMAKE_CXX_FLAGS="$flags" -DCMAKE_EXE_LINKER_FLAGS="-fsanitize=address,undefined" \
+        -DCMAKE_SHARED_LINKER_FLAGS="-fsanitize=address,undefined"
+    cmake --build "$build" -j "$jobs"
+    export ASAN_OPTIONS="detect_leaks=1:abort_on_error=0:strict_string_checks=1:detect_stack_use_after_return=1"
+    export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
+    export LSAN_OPTIONS="suppressions=$here/cmake/lsan.supp:print_suppressions=0"
+    ctest --test-dir "$build" --output-on-failure -j "$jobs"
+    ;;
+format)
+    cd "$here"
+    git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror
+    echo "format: clean"
+    ;;
 bench)
     configure -DBUILD_TESTING=OFF -DBUILD_BENCHMARKS=ON
     cmake --build "$build" -j "$jobs"
@@ -54,7 +77,7 @@ bench)
     done
     ;;
 *)
-    echo "usage: $0 example|test|bench" >&2
+    echo "usage: $0 example|test|sanitize|format|bench" >&2
     exit 2
     ;;
 esac

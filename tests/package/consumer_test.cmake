@@ -12,7 +12,8 @@ endfunction()
 
 run_step("install" ${CMAKE_COMMAND} --install "${BEDROCK_BUILD_DIR}" --prefix "${prefix}")
 run_step("configure consumer" ${CMAKE_COMMAND} -S "${CONSUMER_SOURCE_DIR}" -B "${WORK_DIR}/build"
-    "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX_COMPILER}")
+    "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX_COMPILER}"
+    "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}" "-DCMAKE_EXE_LINKER_FLAGS=${LINKER_FLAGS}")
 run_step("build consumer" ${CMAKE_COMMAND} --build "${WORK_DIR}/build")
 run_step("run consumer" "${WORK_DIR}/build/consumer")
 if(NOT step_output MATCHES "consumer ok")
@@ -25,7 +26,7 @@ list(GET pcdirs 0 pcdir)
 set(ENV{PKG_CONFIG_PATH} "${pcdir}")
 run_step("pkg-config" pkg-config --cflags --libs libbedrock)
 string(STRIP "${step_output}" flags)
-separate_arguments(flags UNIX_COMMAND "${flags}")
+separate_arguments(flags UNIX_COMMAND "${CXX_FLAGS} ${LINKER_FLAGS} ${flags}")
 run_step("build with pkg-config" ${CXX_COMPILER} -std=c++17 -fPIC
     "${CONSUMER_SOURCE_DIR}/main.cpp" ${flags} -o "${WORK_DIR}/consumer-pc")
 file(GLOB libdir "${prefix}/lib*/libLibBedrock.so.1" "${prefix}/lib/*/libLibBedrock.so.1")
