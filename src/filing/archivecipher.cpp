@@ -4,11 +4,16 @@
 
 #include <sodium.h>
 
+#include <QIODevice>
+#include <QPointer>
+
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstring>
 #include <map>
 #include <mutex>
+#include <vector>
 
 namespace Bedrock {
 namespace ArchiveCipher {
@@ -26,6 +31,16 @@ static_assert(TagBytes == crypto_aead_xchacha20poly1305_ietf_ABYTES, "tag size")
 
 using Key = std::array<unsigned char, KeyBytes>;
 using CacheId = std::array<unsigned char, crypto_generichash_BYTES>;
+using Salt = std::array<unsigned char, SaltBytes>;
+
+// The distinct salts met on one device being loaded. The device is watched, so
+// an entry whose device is gone is dropped, and a new device at the same
+// address starts afresh.
+struct DeviceSalts {
+    const QIODevice* device;
+    QPointer<QIODevice> alive;
+    std::vector<Salt> salts;
+};
 
 struct State {
     std::mutex mutex; // derivation may be asked from more than one thread
@@ -37,6 +52,7 @@ struct State {
     // process, so neither the key text nor anything that tests it stays in memory.
     unsigned char cacheSecret[crypto_generichash_KEYBYTES];
     std::map<CacheId, Key> keys;
+    std::vector<DeviceSalts> devices;
 
     ~State()
     {
@@ -110,6 +126,29 @@ bool deriveKey(State& s, const std::string& keyText, const unsigned char* salt, 
     return true;
 }
 
+// Call with the mutex held. True when `salt` may be derived for a block read
+// from `device`: one already met there, or a new one within the bound.
+bool admitSalt(State& s, const QIODevice* device, const unsigned char* salt)
+{
+    s.devices.erase(std::remove_if(s.devices.begin(), s.devices.end(),
+                                   [](const DeviceSalts& d) { return d.alive.isNull(); }),
+                    s.devices.end());
+    auto entry = std::find_if(s.devices.begin(), s.devices.end(),
+                              [device](const DeviceSalts& d) { return d.device == device; });
+    if (entry == s.devices.end()) {
+        s.devices.push_back({ device, QPointer<QIODevice>(const_cast<QIODevice*>(device)), {} });
+        entry = s.devices.end() - 1;
+    }
+    Salt wanted;
+    std::memcpy(wanted.data(), salt, SaltBytes);
+    if (std::find(entry->salts.begin(), entry->salts.end(), wanted) != entry->salts.end())
+        return true;
+    if (entry->salts.size() >= size_t(MaxSaltsPerDevice))
+        return false;
+    entry->salts.push_back(wanted);
+    return true;
+}
+
 } // namespace
 
 QByteArray seal(const std::string& keyText, const char* plain, int length)
@@ -144,7 +183,8 @@ QByteArray seal(const std::string& keyText, const char* plain, int length)
     return envelope;
 }
 
-bool open(const std::string& keyText, const char* envelope, int length, QByteArray& plain)
+bool open(const std::string& keyText, const char* envelope, int length, QByteArray& plain,
+          const QIODevice* source)
 {
     plain.clear();
     if (!envelope || length < OverheadBytes) {
@@ -165,7 +205,14 @@ bool open(const std::string& keyText, const char* envelope, int length, QByteArr
     Key key;
     {
         std::lock_guard<std::mutex> lock(s.mutex);
-        if (!ensureReady(s) || !deriveKey(s, keyText, salt, key))
+        if (!ensureReady(s))
+            return false;
+        if (source && !admitSalt(s, source, salt)) {
+            qCInfo(lcBedrockFiling) << "enciphered block refused: more than" << MaxSaltsPerDevice
+                                    << "key salts in one file";
+            return false;
+        }
+        if (!deriveKey(s, keyText, salt, key))
             return false;
     }
     QByteArray out(cipherLength - TagBytes, Qt::Uninitialized);

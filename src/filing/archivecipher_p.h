@@ -3,6 +3,8 @@
 
 #include <QByteArray>
 
+class QIODevice;
+
 #include <string>
 
 namespace Bedrock {
@@ -20,10 +22,20 @@ constexpr int NonceBytes = 24;
 constexpr int TagBytes = 16;
 constexpr int OverheadBytes = HeaderBytes + SaltBytes + NonceBytes + TagBytes;
 
+// A file the library writes uses one salt for all its records; a return
+// assembled from the records of a few older processes uses a few. Each new
+// salt costs one Argon2id derivation, so a hostile file that gives every
+// record its own salt could hold the application for minutes: past this many
+// distinct salts on one device being loaded, records are refused unread.
+constexpr int MaxSaltsPerDevice = 4;
+
 // Enciphers with a fresh nonce under the process's salt; empty on failure.
 QByteArray seal(const std::string& keyText, const char* plain, int length);
-// False, with `plain` empty, for a wrong key or altered, cut or foreign bytes.
-bool open(const std::string& keyText, const char* envelope, int length, QByteArray& plain);
+// False, with `plain` empty, for a wrong key or altered, cut or foreign bytes,
+// and, when `source` is given, for a salt past the MaxSaltsPerDevice-th distinct
+// one met on that device (its salts are forgotten when it is destroyed).
+bool open(const std::string& keyText, const char* envelope, int length, QByteArray& plain,
+          const QIODevice* source = nullptr);
 
 // Tests and fuzzers only: replaces Argon2id by a keyed hash so that thousands of
 // records can be opened per second. Envelopes made in one mode do not open in the other.

@@ -36,7 +36,7 @@ int CT1EncryptedMemoryBlock::ReadFromReturnArchive(MyDataStream& s)
     if (got < 1)
         return 0;
     QByteArray plain;
-    Bedrock::ArchiveCipher::open(m_key, GetData(), GetContentSize(), plain);
+    Bedrock::ArchiveCipher::open(m_key, GetData(), GetContentSize(), plain, s.device());
     setContent(plain.constData(), int(plain.size()));
     return GetContentSize();
 }

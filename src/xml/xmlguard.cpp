@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QFile>
 
+#include <algorithm>
+#include <cctype>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -15,9 +17,11 @@ namespace {
 // many NULs after the text keep every such read inside the buffer.
 constexpr std::size_t Padding = 16;
 
+// The parser's own test, locale and all: a byte it skips as white space
+// between nodes must not end the scan there.
 bool isSpace(unsigned char c)
 {
-    return c == ' ' || (c >= '\t' && c <= '\r');
+    return std::isspace(c) || c == '\n' || c == '\r';
 }
 
 // The parser's generous name rule: every byte from 127 up is a letter.
@@ -60,12 +64,18 @@ public:
     Reading read(int limit) const
     {
         int depth = 0;
+        bool rootClosed = false;
         std::size_t i = 0;
         while (i < m_text.size()) {
             bool ok = true;
             if (at(i) != '<' && depth == 0) {
-                // Between top-level nodes only white space may stand.
+                // Between top-level nodes only white space may stand; at any
+                // other text the parser stops without an error. That loses
+                // nothing once the first element has closed, so the rest of
+                // the text is never read and cannot count.
                 const std::size_t next = skipSpace(i);
+                if (next == i && rootClosed)
+                    return Reading::Whole;
                 ok = next > i;
                 i = next;
             } else if (at(i) != '<') {
@@ -77,9 +87,10 @@ public:
             } else if (startsWith(i, "<![CDATA[")) {
                 i = after(i + 9, "]]>");
             } else if (at(i + 1) == '/' && depth > 0) {
-                --depth;
+                rootClosed |= --depth == 0;
                 i = after(i + 2, ">");
             } else if (!isNameStart(at(i + 1))) {
+                ok = !opensDocTypeSubset(i);
                 i = after(i + 1, ">");
             } else {
                 if (++depth > limit)
@@ -87,7 +98,7 @@ public:
                 bool closed = false;
                 ok = element(i, closed);
                 if (closed)
-                    --depth;
+                    rootClosed |= --depth == 0;
             }
             if (!ok)
                 return Reading::GivesUp;
@@ -139,6 +150,24 @@ private:
                 return false;
         }
         return true;
+    }
+
+    /*
+     * A DOCTYPE ends at its first '>' for the parser, inside an internal subset
+     * or not, and the rest of the subset becomes text or elements of its own:
+     * "<!DOCTYPE m [<!ENTITY e 'v'><x/>]><m/>" reads as the root <x/> and stops.
+     * Only an empty subset, "[ ]", closes before that '>'.
+     */
+    bool opensDocTypeSubset(std::size_t i) const
+    {
+        if (!startsWith(i, "<!doctype", true))
+            return false;
+        const std::size_t close = std::min(m_text.find('>', i), m_text.size());
+        const std::size_t open = m_text.find('[', i);
+        if (open >= close)
+            return false;
+        const std::size_t last = skipSpace(open + 1);
+        return at(last) != ']' || skipSpace(last + 1) != close;
     }
 
     std::size_t after(std::size_t i, const char* literal) const
@@ -268,13 +297,11 @@ bool parseXmlSafely(TiXmlDocument& doc, const char* text, std::size_t length,
         return refuse(doc, "no text");
     if (length > XmlGuardMaxBytes)
         return refuse(doc, "too long");
-    // NUL padding at the end is harmless; a NUL with text after it would hide
-    // that text from the parser.
-    std::size_t end = length;
-    while (end > 0 && text[end - 1] == '\0')
-        --end;
-    if (std::memchr(text, '\0', end))
-        return refuse(doc, "NUL inside");
+    // The parser reads up to the first NUL, so that is the text judged: a NUL
+    // inside the root leaves it unclosed and is refused below, one after it is
+    // as harmless as NUL padding.
+    const void* nul = std::memchr(text, '\0', length);
+    const std::size_t end = nul ? std::size_t(static_cast<const char*>(nul) - text) : length;
     switch (NestingScan(text, end).read(XmlGuardMaxDepth)) {
     case Reading::TooDeep:
         return refuse(doc, "nested too deeply");

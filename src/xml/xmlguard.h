@@ -16,13 +16,16 @@
  * with an internal subset ends at its first '>' and the real root is dropped.
  * Every caller therefore goes through these functions, which refuse:
  *  - text longer than XmlGuardMaxBytes;
- *  - a NUL byte followed by anything but more NULs (the parser would stop there
- *    and return half a document; trailing NUL padding is allowed);
  *  - elements nested deeper than XmlGuardMaxDepth, judged by a linear scan
  *    before parsing that never counts fewer levels than the parser reaches;
  *  - a parse with an error, without a root element, with a root other than
- *    `expectedRoot` (when given, compared exactly), or that stopped before the
- *    end of the text.
+ *    `expectedRoot` (when given, compared exactly), or that would stop before
+ *    the first element has closed (a DOCTYPE subset, a NUL inside the root).
+ * What follows the first element once it has closed is read as the parser
+ * reads it: further top-level nodes count (their depth too), but at the first
+ * other text, or a NUL, the parser stops without error and the document is
+ * taken with its root whole, so junk or a cut UTF-8 sequence after a good
+ * record costs nothing of it.
  * On refusal `doc` is cleared and false is returned. Text is parsed as UTF-8.
  */
 // The parser's tree costs up to some 55 bytes of memory per byte of dense
