@@ -104,6 +104,28 @@ CString plainContent(const QByteArray& bytes)
     return text;
 }
 
+// A record whose enciphered block has a salt of its own and 44 bytes that
+// open under no key: 68 bytes with its delimiter and size, as a hostile file
+// may hold by the thousand.
+QByteArray foreignSaltRecord(int salt)
+{
+    return storeBytes([&](MyDataStream& out) {
+        const QByteArray envelope
+            = "BRK\x01" + QByteArray::number(salt).leftJustified(16, '.') + QByteArray(44, '\x5a');
+        out << qint32(CTaxData_Form::Delimiter) << qint32(envelope.size());
+        out.writeRawData(envelope.constData(), int(envelope.size()));
+    });
+}
+
+// `count` foreign-salt records with `distinct` different salts among them.
+QByteArray foreignSaltRecords(int count, int distinct)
+{
+    QByteArray bytes;
+    for (int i = 0; i < count; ++i)
+        bytes += foreignSaltRecord(i % distinct);
+    return bytes;
+}
+
 // A well-formed record that sets fld_count to 5 and nests elements `depth`
 // levels deep, its root counting as the first.
 QByteArray nestedRecord(int depth)
@@ -149,6 +171,8 @@ private Q_SLOTS:
     void recordLeavesOut();
     void loading_data();
     void loading();
+    void saltsPerFile_data();
+    void saltsPerFile();
     void delimiterChecked_data();
     void delimiterChecked();
     void wrongDelimiterKeptUntilStored();
@@ -370,6 +394,10 @@ void tst_TaxDataForm::loading_data()
     // commented-out root, with 9, for the real one.
     QTest::newRow("DOCTYPE subset that would hide the real root keeps values")
         << record("<!DOCTYPE m [<!--><m><f n=\"fld_count\">9</f></m>-->]>" + good) << 1;
+    // The parser stops at text after the root without an error; the record is whole.
+    QTest::newRow("stray text after the root: the record still read") << record(good + "junk") << 5;
+    QTest::newRow("a cut UTF-8 sequence after the root: the record still read")
+        << record(good + "\xc3") << 5;
     QTest::newRow("block cut short keeps values") << record(good).left(40) << 1;
     QTest::newRow("empty stream keeps values") << QByteArray() << 1;
 }
@@ -383,6 +411,39 @@ void tst_TaxDataForm::loading()
     form.addFieldOldName("fld_count", "older_count");
     load(form, bytes);
     QTEST(form.count.m_value, "count");
+}
+
+void tst_TaxDataForm::saltsPerFile_data()
+{
+    QTest::addColumn<QByteArray>("bytes"); // foreign-salt records, then a good one
+    QTest::addColumn<int>("count"); // 1 before the load
+    QTest::addColumn<int>("refused"); // blocks refused for their salt
+    const QByteArray good = record("<m><f n=\"fld_count\">5</f></m>");
+    QTest::newRow("the good record alone") << good << 5 << 0;
+    QTest::newRow("its salt the fourth in the file: read")
+        << foreignSaltRecords(3, 3) + good << 5 << 0;
+    QTest::newRow("its salt the fifth in the file: refused, values kept")
+        << foreignSaltRecords(4, 4) + good << 1 << 1;
+    QTest::newRow("salts counted once however often they recur")
+        << foreignSaltRecords(40, 3) + good << 5 << 0;
+    // Unbounded, each record would cost one key derivation: over a minute here.
+    QTest::newRow("a thousand records with a salt each")
+        << foreignSaltRecords(1000, 1000) + good << 1 << 997;
+}
+
+void tst_TaxDataForm::saltsPerFile()
+{
+    QFETCH(QByteArray, bytes);
+    LogCapture cap("bedrock.filing");
+    Form form;
+    form.count = 1;
+    loadBytes(bytes, [&](MyDataStream& in) {
+        while (!in.atEnd())
+            form.Serialize(Version, Key, in);
+    });
+    QTEST(form.count.m_value, "count");
+    QTEST(int(cap.messages().count("enciphered block refused: more than 4 key salts in one file")),
+          "refused");
 }
 
 void tst_TaxDataForm::delimiterChecked_data()
