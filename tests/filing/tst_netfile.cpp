@@ -2,10 +2,20 @@
 #include "netfile.h"
 
 #include <QtTest>
+
 #include <limits>
 
 namespace {
 
+constexpr int Code = 20;
+// The field's own id, which only a code of 0 brings into the output.
+constexpr int FieldId = 777;
+const QString Earlier = QStringLiteral("earlier|"); // writers append, never clear
+
+const double NaN = std::numeric_limits<double>::quiet_NaN();
+const double Inf = std::numeric_limits<double>::infinity();
+
+// One line record as the filing format has it.
 QString line(int code, const QString& value)
 {
     return QStringLiteral("<comm:ReturnLine>\n<comm:FieldCode>%1</comm:FieldCode>\n"
@@ -14,13 +24,8 @@ QString line(int code, const QString& value)
         .arg(value);
 }
 
-QString line(int code, qint64 value)
-{
-    return line(code, QString::number(value));
-}
-
 struct Context {
-    CString out;
+    CString out = Earlier;
     int count = 0;
     std::map<int, NetfileValueRecord> values;
     NetfileGenObjParamStru p;
@@ -30,39 +35,21 @@ struct Context {
         p.m_pCount = &count;
         p.m_pValues = &values;
     }
+    // The only value kept, when it is kept under `key`; null otherwise.
+    const NetfileValueRecord* keptAs(int key, int kind) const
+    {
+        const auto it = values.find(key);
+        return values.size() == 1 && it != values.end() && it->second.m_kind == kind ? &it->second
+                                                                                     : nullptr;
+    }
 };
 
-// Runs the named emitter; the field's own id is 777, so code 0 shows where it is used.
-int runEmitter(const QString& fn, int code, double v, const QString& text, int maxLen, Context& c)
+// What a call appended (one record or nothing) and that each record is counted.
+void checkWritten(const Context& c, const QString& record)
 {
-    CFloatField f(0.0, 777);
-    f.m_value = v;
-    CString s(text);
-    if (fn == "dollarField")
-        return NETFILE_DOLLAR_FIELD_Func(code, f, c.p);
-    if (fn == "dollarFieldOne")
-        return NETFILE_DOLLAR_FIELD_IFZEROTHENONE_Func(code, f, c.p);
-    if (fn == "dollarValue")
-        return NETFILE_DOLLAR_VALUE_Func(code, v, c.p);
-    if (fn == "dollarValueOne")
-        return NETFILE_DOLLAR_VALUE_IFZEROTHENONE_Func(code, v, c.p);
-    if (fn == "cents")
-        return NETFILE_DOLLARCENT_VALUE_Func(code, v, c.p);
-    if (fn == "numeric")
-        return NETFILE_NUMERIC_VALUE_Func(code, v, c.p);
-    if (fn == "string")
-        return NETFILE_STRING_Func(code, maxLen, s, c.p);
-    if (fn == "stringValue")
-        return NETFILE_STRING_VALUE_Func(code, maxLen, text.toLatin1().constData(), c.p);
-    if (fn == "total")
-        return NETFILE_COMMODITY_TOTAL_FIELD_Func(code, f, c.p);
-    if (fn == "commodity")
-        return NETFILE_DOLLAR_CCMMODITY_FIELD_Func(s, f, c.p);
-    return -1;
+    QCOMPARE(QString(c.out), Earlier + record);
+    QCOMPARE(c.count, record.isEmpty() ? 0 : 1);
 }
-
-const double NaN = std::numeric_limits<double>::quiet_NaN();
-const double Inf = std::numeric_limits<double>::infinity();
 
 } // namespace
 
@@ -71,143 +58,421 @@ class tst_Netfile : public QObject
     Q_OBJECT
 
 private slots:
-    void emitters_data();
-    void emitters();
+    void dollarField_data();
+    void dollarField();
+    void dollarFieldIfZeroThenOne_data();
+    void dollarFieldIfZeroThenOne();
+    void dollarValue_data();
+    void dollarValue();
+    void dollarValueIfZeroThenOne_data();
+    void dollarValueIfZeroThenOne();
+    void dollarCent_data();
+    void dollarCent();
+    void numeric_data();
+    void numeric();
+    void string_data();
+    void string();
+    void negativeLimitOutsideTheContract();
+    void stringValue_data();
+    void stringValue();
+    void commodityTotal_data();
+    void commodityTotal();
+    void commodity_data();
+    void commodity();
     void firstValueWins();
-    void nullStringValueWritesNothing();
     void nullContextPointersAreSkipped();
 };
 
-void tst_Netfile::emitters_data()
+void tst_Netfile::dollarField_data()
 {
-    QTest::addColumn<QString>("fn");
     QTest::addColumn<int>("code");
     QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("maxLen");
-    QTest::addColumn<int>("result");
-    QTest::addColumn<QString>("out");
-    QTest::addColumn<int>("kind"); // 0: nothing kept
+    QTest::addColumn<int>("filedCode");
+    QTest::addColumn<QString>("filed"); // null: nothing written
     QTest::addColumn<double>("kept");
-    QTest::addColumn<QByteArray>("keptText");
 
-    const QString none;
-    const QString forty = QString(40, QLatin1Char('a'));
-    auto row = [&](const char* name, const char* fn, int code, double v, int result,
-                   const QString& out, int kind, double kept) {
-        QTest::newRow(name) << QString::fromLatin1(fn) << code << v << none << 0 << result << out
-                            << kind << kept << QByteArray();
-    };
-    auto text = [&](const char* name, const char* fn, const QString& s, int maxLen,
-                    const QString& out, const QByteArray& keptText) {
-        QTest::newRow(name) << QString::fromLatin1(fn) << 20 << 0.0 << s << maxLen << 0 << out
-                            << (out.isEmpty() ? 0 : 4) << 0.0 << keptText;
-    };
-
-    row("field: bound is strict", "dollarField", 20, 0.009, 0, none, 0, 0);
-    row("field: a cent is never filed as 0", "dollarField", 20, 0.01, 1, line(20, 1), 1, 0);
-    row("field: negative cent files -1", "dollarField", 20, -0.01, 1, line(20, -1), 1, 0);
-    row("field: half rounds away from zero", "dollarField", 20, 2.5, 1, line(20, 3), 1, 3);
-    row("field: negative half rounds away", "dollarField", 20, -2.5, 1, line(20, -3), 1, -3);
-    row("field: code 0 files the field id, keeps key 0", "dollarField", 0, 5.0, 1, line(777, 5), 1,
-        5);
-    row("field: NaN files nothing", "dollarField", 20, NaN, 0, none, 0, 0);
-    row("field: infinity saturates", "dollarField", 20, Inf, 1,
-        line(20, std::numeric_limits<qint64>::max()), 1, 9223372036854775807.0);
-    row("fieldOne: zero files 1", "dollarFieldOne", 20, 0.0, 0, line(20, 1), 1, 1.0);
-    row("fieldOne: rounds", "dollarFieldOne", 20, 12.5, 0, line(20, 13), 1, 12.5);
-    row("fieldOne: just under a dollar files 1", "dollarFieldOne", 20, -0.99, 0, line(20, 1), 1,
-        1.0);
-    row("fieldOne: NaN files 1", "dollarFieldOne", 20, NaN, 0, line(20, 1), 1, 1.0);
-    row("value: under a dollar files nothing", "dollarValue", 20, 0.99, 0, none, 0, 0);
-    row("value: truncates", "dollarValue", 20, 1.99, 0, line(20, 1), 1, 1.99);
-    row("value: negative truncates toward zero", "dollarValue", 20, -1.99, 0, line(20, -1), 1,
-        -1.99);
-    row("value: nudge absorbs representation error", "dollarValue", 20, 12.9999999, 0, line(20, 13),
-        1, 12.9999999);
-    row("value: huge negative saturates", "dollarValue", 20, -1e300, 0,
-        line(20, std::numeric_limits<qint64>::min()), 1, -1e300);
-    row("valueOne: zero files 1 and keeps 1.0", "dollarValueOne", 20, 0.0, 0, line(20, 1), 1, 1.0);
-    row("valueOne: truncates", "dollarValueOne", 20, 12.7, 0, line(20, 12), 1, 12.7);
-    row("cents: one cent", "cents", 20, 0.01, 0, line(20, 1), 2, 0.01);
-    row("cents: no decimal point", "cents", 20, 12.3, 0, line(20, 1230), 2, 12.3);
-    row("cents: bound is strict", "cents", 20, 0.009, 0, none, 0, 0);
-    row("cents: beyond 32 bits", "cents", 20, 30000000.12, 0, line(20, Q_INT64_C(3000000012)), 2,
-        30000000.12);
-    row("cents: negative", "cents", 20, -4.56, 0, line(20, -456), 2, -4.56);
-    row("numeric: truncates, keeps an int", "numeric", 20, 7.9, 0, line(20, 7), 3, 7);
-    row("numeric: bound", "numeric", 20, -0.009, 0, none, 0, 0);
-    row("numeric: huge keeps a saturated int", "numeric", 20, 1e12, 0,
-        line(20, Q_INT64_C(1000000000000)), 3, 2147483647);
-    row("total: under a dollar files nothing", "total", 20, 0.999, 0, none, 0, 0);
-    row("total: rounds, keeps the unrounded value", "total", 20, 10.5, 1,
-        "<sfd:CommodityTotalFieldCode>20</sfd:CommodityTotalFieldCode>\n<sfd:FieldAmount>11</"
-        "sfd:FieldAmount>\n",
-        1, 10.5);
-
-    text("string: blank writes nothing", "string", "   ", 0, none, {});
-    text("string: no limit writes all, keeps 31 bytes", "string", forty, 0, line(20, forty),
-         QByteArray(31, 'a'));
-    text("string: limit above 31 keeps nothing", "string", forty, 40, line(20, forty),
-         QByteArray());
-    text("string: limit cuts both", "string", forty, 5, line(20, QStringLiteral("aaaaa")), "aaaaa");
-    text("string: escaped in output, raw in the map", "string", QStringLiteral("A&B"), 0,
-         line(20, QStringLiteral("A&#38;B")), "A&B");
-    text("string: map takes UTF-8 bytes", "string", QString(QChar(0xe9)), 1,
-         line(20, QString(QChar(0xe9))), "\xc3");
-    text("string: escaping may pass the limit", "string", QStringLiteral("A&B"), 3,
-         line(20, QStringLiteral("A&#38;B")), "A&B");
-    // Outside the contract: a negative limit cuts the text to nothing, so the
-    // line carries its code alone, and the map keeps an empty text.
-    text("string: negative limit files an empty line", "string", QStringLiteral("abc"), -1,
-         QStringLiteral(
-             "<comm:ReturnLine>\n<comm:FieldCode>20</comm:FieldCode>\n</comm:ReturnLine>\n"),
-         QByteArray());
-    text("stringValue: forwards", "stringValue", QStringLiteral("Ottawa"), 0,
-         line(20, QStringLiteral("Ottawa")), "Ottawa");
-
-    QTest::newRow("commodity: line, truncated, escaped code, no map")
-        << QStringLiteral("commodity") << 0 << 12.7 << QStringLiteral("C&1") << 0 << 1
-        << QStringLiteral("<sfd:Commodity>\n<sfd:CommodityCode>C&#38;1</sfd:CommodityCode>\n"
-                          "<sfd:CommodityAmount>12</sfd:CommodityAmount>\n</sfd:Commodity>\n")
-        << 0 << 0.0 << QByteArray();
-    QTest::newRow("commodity: bound")
-        << QStringLiteral("commodity") << 0 << 0.009 << QStringLiteral("C") << 0 << 0 << QString()
-        << 0 << 0.0 << QByteArray();
+    QTest::newRow("at the bound files nothing") << Code << 0.009 << Code << QString() << 0.0;
+    QTest::newRow("negative at the bound files nothing")
+        << Code << -0.009 << Code << QString() << 0.0;
+    QTest::newRow("just past the bound files 1, never 0, keeps the rounded 0")
+        << Code << 0.0091 << Code << "1" << 0.0;
+    QTest::newRow("negative just past the bound files -1")
+        << Code << -0.0091 << Code << "-1" << 0.0;
+    QTest::newRow("under half rounds down") << Code << 2.4999 << Code << "2" << 2.0;
+    QTest::newRow("half rounds away from zero") << Code << 2.5 << Code << "3" << 3.0;
+    QTest::newRow("negative half rounds away from zero") << Code << -2.5 << Code << "-3" << -3.0;
+    QTest::newRow("code 0 files the field's id and keeps key 0")
+        << 0 << 5.0 << FieldId << "5" << 5.0;
+    QTest::newRow("NaN files nothing") << Code << NaN << Code << QString() << 0.0;
+    QTest::newRow("infinity saturates")
+        << Code << Inf << Code << "9223372036854775807" << 9223372036854775807.0;
 }
 
-void tst_Netfile::emitters()
+void tst_Netfile::dollarField()
 {
-    QFETCH(QString, fn);
     QFETCH(int, code);
     QFETCH(double, value);
-    QFETCH(QString, text);
-    QFETCH(int, maxLen);
-    QFETCH(int, result);
-    QFETCH(QString, out);
-    QFETCH(int, kind);
+    QFETCH(int, filedCode);
+    QFETCH(QString, filed);
     QFETCH(double, kept);
-    QFETCH(QByteArray, keptText);
 
     Context c;
-    c.out = QStringLiteral("kept|");
-    QCOMPARE(runEmitter(fn, code, value, text, maxLen, c), result);
-    QCOMPARE(QString(c.out), QStringLiteral("kept|") + out);
-    QCOMPARE(c.count, out.isEmpty() ? 0 : 1);
-    QCOMPARE(int(c.values.size()), kind ? 1 : 0);
-    if (!kind)
+    CFloatField f(0.0, FieldId);
+    f.m_value = value;
+    QCOMPARE(NETFILE_DOLLAR_FIELD_Func(code, f, c.p), filed.isNull() ? 0 : 1);
+    checkWritten(c, filed.isNull() ? QString() : line(filedCode, filed));
+    if (filed.isNull()) {
+        QVERIFY(c.values.empty());
         return;
-    const NetfileValueRecord& r = c.values.begin()->second;
-    QCOMPARE(c.values.begin()->first, code);
-    QCOMPARE(r.m_kind, kind);
-    if (kind == 3)
-        QCOMPARE(r.m_value.m_nValue, int(kept));
-    else if (kind == 4)
-        QCOMPARE(QByteArray(r.m_value.m_szValue), keptText);
-    else
-        QCOMPARE(r.m_value.m_dValue, kept);
+    }
+    const NetfileValueRecord* r = c.keptAs(code, NetfileValueRecord::Dollar);
+    QVERIFY(r);
+    QCOMPARE(r->m_value.m_dValue, kept);
 }
 
+// Always files: the rounded value past 0.99999999, otherwise the constant 1.
+void tst_Netfile::dollarFieldIfZeroThenOne_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("filed");
+    QTest::addColumn<double>("kept");
+
+    QTest::newRow("zero files 1 and keeps 1.0") << 0.0 << "1" << 1.0;
+    QTest::newRow("at the bound keeps 1.0") << 0.99999999 << "1" << 1.0;
+    QTest::newRow("just past the bound keeps the value") << 0.999999995 << "1" << 0.999999995;
+    QTest::newRow("negative at the bound files 1, not -1") << -0.99999999 << "1" << 1.0;
+    QTest::newRow("negative just past the bound is rounded")
+        << -0.999999995 << "-1" << -0.999999995;
+    QTest::newRow("half rounds away from zero") << 12.5 << "13" << 12.5;
+    QTest::newRow("negative half rounds away from zero") << -12.5 << "-13" << -12.5;
+    QTest::newRow("NaN files 1") << NaN << "1" << 1.0;
+}
+
+void tst_Netfile::dollarFieldIfZeroThenOne()
+{
+    QFETCH(double, value);
+    QFETCH(QString, filed);
+    QFETCH(double, kept);
+
+    Context c;
+    CFloatField f(0.0, FieldId);
+    f.m_value = value;
+    QCOMPARE(NETFILE_DOLLAR_FIELD_IFZEROTHENONE_Func(Code, f, c.p), 0);
+    checkWritten(c, line(Code, filed));
+    const NetfileValueRecord* r = c.keptAs(Code, NetfileValueRecord::Dollar);
+    QVERIFY(r);
+    QCOMPARE(r->m_value.m_dValue, kept);
+}
+
+// Past 0.99999999 only; truncated, with a nudge of a millionth against
+// representation error. The map keeps the value as given.
+void tst_Netfile::dollarValue_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("filed"); // null: nothing written
+
+    QTest::newRow("at the bound files nothing") << 0.99999999 << QString();
+    QTest::newRow("just past the bound files 1") << 0.999999995 << "1";
+    QTest::newRow("negative at the bound files nothing") << -0.99999999 << QString();
+    QTest::newRow("negative just past the bound files -1") << -0.999999995 << "-1";
+    QTest::newRow("truncates, does not round") << 1.99 << "1";
+    QTest::newRow("negative truncates toward zero") << -1.99 << "-1";
+    QTest::newRow("the nudge absorbs representation error") << 12.9999999 << "13";
+    QTest::newRow("the nudge is only a millionth") << 12.999998 << "12";
+    QTest::newRow("huge negative saturates") << -1e300 << "-9223372036854775808";
+    QTest::newRow("NaN files nothing") << NaN << QString();
+}
+
+void tst_Netfile::dollarValue()
+{
+    QFETCH(double, value);
+    QFETCH(QString, filed);
+
+    Context c;
+    QCOMPARE(NETFILE_DOLLAR_VALUE_Func(Code, value, c.p), 0);
+    checkWritten(c, filed.isNull() ? QString() : line(Code, filed));
+    if (filed.isNull()) {
+        QVERIFY(c.values.empty());
+        return;
+    }
+    const NetfileValueRecord* r = c.keptAs(Code, NetfileValueRecord::Dollar);
+    QVERIFY(r);
+    QCOMPARE(r->m_value.m_dValue, value);
+}
+
+void tst_Netfile::dollarValueIfZeroThenOne_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("filed");
+    QTest::addColumn<double>("kept");
+
+    QTest::newRow("zero files 1 and keeps 1.0") << 0.0 << "1" << 1.0;
+    QTest::newRow("at the bound keeps 1.0") << 0.99999999 << "1" << 1.0;
+    QTest::newRow("just past the bound keeps the value") << 0.999999995 << "1" << 0.999999995;
+    QTest::newRow("negative at the bound files 1, not -1") << -0.99999999 << "1" << 1.0;
+    QTest::newRow("negative just past the bound is truncated")
+        << -0.999999995 << "-1" << -0.999999995;
+    QTest::newRow("truncates, does not round") << 12.7 << "12" << 12.7;
+}
+
+void tst_Netfile::dollarValueIfZeroThenOne()
+{
+    QFETCH(double, value);
+    QFETCH(QString, filed);
+    QFETCH(double, kept);
+
+    Context c;
+    QCOMPARE(NETFILE_DOLLAR_VALUE_IFZEROTHENONE_Func(Code, value, c.p), 0);
+    checkWritten(c, line(Code, filed));
+    const NetfileValueRecord* r = c.keptAs(Code, NetfileValueRecord::Dollar);
+    QVERIFY(r);
+    QCOMPARE(r->m_value.m_dValue, kept);
+}
+
+// Past 0.009; whole cents of the nudged value, with no decimal point.
+void tst_Netfile::dollarCent_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("filed"); // null: nothing written
+
+    QTest::newRow("at the bound files nothing") << 0.009 << QString();
+    QTest::newRow("negative at the bound files nothing") << -0.009 << QString();
+    QTest::newRow("just past the bound files its whole cents, 0") << 0.0091 << "0";
+    QTest::newRow("one cent") << 0.01 << "1";
+    QTest::newRow("no decimal point") << 12.3 << "1230";
+    QTest::newRow("the nudge keeps 0.29 at 29 cents") << 0.29 << "29";
+    QTest::newRow("negative") << -4.56 << "-456";
+    QTest::newRow("cents beyond 32 bits") << 30000000.12 << "3000000012";
+}
+
+void tst_Netfile::dollarCent()
+{
+    QFETCH(double, value);
+    QFETCH(QString, filed);
+
+    Context c;
+    QCOMPARE(NETFILE_DOLLARCENT_VALUE_Func(Code, value, c.p), 0);
+    checkWritten(c, filed.isNull() ? QString() : line(Code, filed));
+    if (filed.isNull()) {
+        QVERIFY(c.values.empty());
+        return;
+    }
+    const NetfileValueRecord* r = c.keptAs(Code, NetfileValueRecord::DollarCent);
+    QVERIFY(r);
+    QCOMPARE(r->m_value.m_dValue, value);
+}
+
+// Past 0.009; the nudged value truncated, and the value itself cut to an int kept.
+void tst_Netfile::numeric_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("filed"); // null: nothing written
+    QTest::addColumn<int>("kept");
+
+    QTest::newRow("at the bound files nothing") << 0.009 << QString() << 0;
+    QTest::newRow("negative at the bound files nothing") << -0.009 << QString() << 0;
+    QTest::newRow("just past the bound is truncated to 0") << 0.0091 << "0" << 0;
+    QTest::newRow("truncates") << 7.9 << "7" << 7;
+    QTest::newRow("negative truncates toward zero") << -7.9 << "-7" << -7;
+    QTest::newRow("the kept value is cut without the nudge") << 12.9999999 << "13" << 12;
+    QTest::newRow("huge keeps a saturated int") << 1e12 << "1000000000000" << 2147483647;
+}
+
+void tst_Netfile::numeric()
+{
+    QFETCH(double, value);
+    QFETCH(QString, filed);
+    QFETCH(int, kept);
+
+    Context c;
+    QCOMPARE(NETFILE_NUMERIC_VALUE_Func(Code, value, c.p), 0);
+    checkWritten(c, filed.isNull() ? QString() : line(Code, filed));
+    if (filed.isNull()) {
+        QVERIFY(c.values.empty());
+        return;
+    }
+    const NetfileValueRecord* r = c.keptAs(Code, NetfileValueRecord::Number);
+    QVERIFY(r);
+    QCOMPARE(r->m_value.m_nValue, kept);
+}
+
+// The output is cut to maxLen characters (0: no limit) and then escaped; the map
+// keeps up to min(maxLen, 31) bytes of UTF-8, 31 for 0, and nothing past 31.
+void tst_Netfile::string_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("maxLen");
+    QTest::addColumn<QString>("filed"); // null: nothing written
+    QTest::addColumn<QByteArray>("kept");
+
+    const QString forty = QStringLiteral("abcdefghijklmnopqrstuvwxyz0123456789ABCD");
+    QTest::newRow("blank writes nothing") << "   " << 0 << QString() << QByteArray();
+    QTest::newRow("empty writes nothing") << "" << 0 << QString() << QByteArray();
+    QTest::newRow("surrounding blanks are kept") << " a " << 0 << " a " << QByteArray(" a ");
+    QTest::newRow("no limit writes all, keeps 31 bytes")
+        << forty << 0 << forty << forty.left(31).toLatin1();
+    QTest::newRow("limit 1 cuts both to one") << forty << 1 << "a" << QByteArray("a");
+    QTest::newRow("limit 31 is the most the map keeps")
+        << forty << 31 << forty.left(31) << forty.left(31).toLatin1();
+    QTest::newRow("limit 32 keeps nothing in the map")
+        << forty << 32 << forty.left(32) << QByteArray();
+    QTest::newRow("escaped in the output, raw in the map")
+        << "A&B" << 0 << "A&#38;B" << QByteArray("A&B");
+    QTest::newRow("escaping may pass the limit") << "A&B" << 3 << "A&#38;B" << QByteArray("A&B");
+    QTest::newRow("the map cuts UTF-8 bytes inside a character")
+        << QStringLiteral("\u00e9") << 1 << QStringLiteral("\u00e9") << QByteArray("\xc3");
+}
+
+void tst_Netfile::string()
+{
+    QFETCH(QString, text);
+    QFETCH(int, maxLen);
+    QFETCH(QString, filed);
+    QFETCH(QByteArray, kept);
+
+    Context c;
+    CString s(text);
+    QCOMPARE(NETFILE_STRING_Func(Code, maxLen, s, c.p), 0);
+    checkWritten(c, filed.isNull() ? QString() : line(Code, filed));
+    if (filed.isNull()) {
+        QVERIFY(c.values.empty());
+        return;
+    }
+    const NetfileValueRecord* r = c.keptAs(Code, NetfileValueRecord::Text);
+    QVERIFY(r);
+    QCOMPARE(QByteArray(r->m_value.m_szValue), kept);
+}
+
+// A negative limit cuts the text to nothing: the line carries its code alone,
+// and the map keeps an empty text. Nothing is read or written out of bounds.
+void tst_Netfile::negativeLimitOutsideTheContract()
+{
+    Context c;
+    CString s("abc");
+    QCOMPARE(NETFILE_STRING_Func(Code, -1, s, c.p), 0);
+    checkWritten(
+        c,
+        QStringLiteral(
+            "<comm:ReturnLine>\n<comm:FieldCode>20</comm:FieldCode>\n</comm:ReturnLine>\n"));
+    const NetfileValueRecord* r = c.keptAs(Code, NetfileValueRecord::Text);
+    QVERIFY(r);
+    QCOMPARE(QByteArray(r->m_value.m_szValue), QByteArray());
+}
+
+void tst_Netfile::stringValue_data()
+{
+    QTest::addColumn<QByteArray>("text"); // null: a null pointer
+    QTest::addColumn<QString>("filed"); // null: nothing written
+    QTest::addColumn<QByteArray>("kept");
+
+    QTest::newRow("null writes nothing") << QByteArray() << QString() << QByteArray();
+    QTest::newRow("blank writes nothing") << QByteArray("  ") << QString() << QByteArray();
+    QTest::newRow("forwards to the text form")
+        << QByteArray("Ottawa") << "Ottawa" << QByteArray("Ottawa");
+    QTest::newRow("read as Latin-1") << QByteArray("\xe9t\xe9") << QStringLiteral("\u00e9t\u00e9")
+                                     << QByteArray("\xc3\xa9t\xc3\xa9");
+}
+
+void tst_Netfile::stringValue()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, filed);
+    QFETCH(QByteArray, kept);
+
+    Context c;
+    QCOMPARE(NETFILE_STRING_VALUE_Func(Code, 0, text.isNull() ? nullptr : text.constData(), c.p),
+             0);
+    checkWritten(c, filed.isNull() ? QString() : line(Code, filed));
+    if (filed.isNull()) {
+        QVERIFY(c.values.empty());
+        return;
+    }
+    const NetfileValueRecord* r = c.keptAs(Code, NetfileValueRecord::Text);
+    QVERIFY(r);
+    QCOMPARE(QByteArray(r->m_value.m_szValue), kept);
+}
+
+// Past 0.99999999; rounded in the output, kept unrounded.
+void tst_Netfile::commodityTotal_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("filed"); // null: nothing written
+
+    QTest::newRow("at the bound files nothing") << 0.99999999 << QString();
+    QTest::newRow("negative at the bound files nothing") << -0.99999999 << QString();
+    QTest::newRow("just past the bound is rounded to 1") << 0.999999995 << "1";
+    QTest::newRow("under half rounds down") << 10.49 << "10";
+    QTest::newRow("half rounds away from zero") << 10.5 << "11";
+    QTest::newRow("negative half rounds away from zero") << -10.5 << "-11";
+}
+
+void tst_Netfile::commodityTotal()
+{
+    QFETCH(double, value);
+    QFETCH(QString, filed);
+
+    Context c;
+    CFloatField f(0.0, FieldId);
+    f.m_value = value;
+    QCOMPARE(NETFILE_COMMODITY_TOTAL_FIELD_Func(Code, f, c.p), filed.isNull() ? 0 : 1);
+    checkWritten(c,
+                 filed.isNull() ? QString()
+                                : QStringLiteral("<sfd:CommodityTotalFieldCode>20</"
+                                                 "sfd:CommodityTotalFieldCode>\n"
+                                                 "<sfd:FieldAmount>%1</sfd:FieldAmount>\n")
+                                      .arg(filed));
+    if (filed.isNull()) {
+        QVERIFY(c.values.empty());
+        return;
+    }
+    const NetfileValueRecord* r = c.keptAs(Code, NetfileValueRecord::Dollar);
+    QVERIFY(r);
+    QCOMPARE(r->m_value.m_dValue, value);
+}
+
+// Past 0.009; truncated; the code escaped; nothing kept in the map.
+void tst_Netfile::commodity_data()
+{
+    QTest::addColumn<QString>("commodity");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("filedCommodity");
+    QTest::addColumn<QString>("filed"); // null: nothing written
+
+    QTest::newRow("at the bound files nothing") << "C" << 0.009 << "C" << QString();
+    QTest::newRow("negative at the bound files nothing") << "C" << -0.009 << "C" << QString();
+    QTest::newRow("just past the bound is truncated to 0") << "C" << 0.0091 << "C"
+                                                           << "0";
+    QTest::newRow("truncated, not rounded") << "C" << 12.7 << "C"
+                                            << "12";
+    QTest::newRow("negative truncated toward zero") << "C" << -12.7 << "C"
+                                                    << "-12";
+    QTest::newRow("the code is escaped") << "C&1" << 5.0 << "C&#38;1"
+                                         << "5";
+}
+
+void tst_Netfile::commodity()
+{
+    QFETCH(QString, commodity);
+    QFETCH(double, value);
+    QFETCH(QString, filedCommodity);
+    QFETCH(QString, filed);
+
+    Context c;
+    CString code(commodity);
+    CFloatField f(0.0, FieldId);
+    f.m_value = value;
+    QCOMPARE(NETFILE_DOLLAR_CCMMODITY_FIELD_Func(code, f, c.p), filed.isNull() ? 0 : 1);
+    checkWritten(
+        c,
+        filed.isNull()
+            ? QString()
+            : QStringLiteral("<sfd:Commodity>\n<sfd:CommodityCode>%1</sfd:CommodityCode>\n"
+                             "<sfd:CommodityAmount>%2</sfd:CommodityAmount>\n</sfd:Commodity>\n")
+                  .arg(filedCommodity, filed));
+    QVERIFY(c.values.empty());
+}
+
+// A later record of the same code is written and counted; the map keeps the first.
 void tst_Netfile::firstValueWins()
 {
     Context c;
@@ -215,20 +480,11 @@ void tst_Netfile::firstValueWins()
     NETFILE_STRING_Func(9, 0, first, c.p);
     NETFILE_STRING_Func(9, 0, second, c.p);
     NETFILE_DOLLAR_VALUE_Func(9, 50.0, c.p);
-    QCOMPARE(QString(c.out),
-             line(9, QStringLiteral("first")) + line(9, QStringLiteral("second")) + line(9, 50));
+    QCOMPARE(QString(c.out), Earlier + line(9, "first") + line(9, "second") + line(9, "50"));
     QCOMPARE(c.count, 3);
-    QCOMPARE(c.values.size(), size_t(1));
-    QCOMPARE(c.values[9].m_kind, 4);
-    QCOMPARE(QByteArray(c.values[9].m_value.m_szValue), QByteArray("first"));
-}
-
-void tst_Netfile::nullStringValueWritesNothing()
-{
-    Context c;
-    QCOMPARE(NETFILE_STRING_VALUE_Func(1, 0, nullptr, c.p), 0);
-    QVERIFY(c.out.isEmpty());
-    QCOMPARE(c.count, 0);
+    const NetfileValueRecord* r = c.keptAs(9, NetfileValueRecord::Text);
+    QVERIFY(r);
+    QCOMPARE(QByteArray(r->m_value.m_szValue), QByteArray("first"));
 }
 
 void tst_Netfile::nullContextPointersAreSkipped()

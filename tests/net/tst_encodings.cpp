@@ -12,10 +12,13 @@ class tst_Encodings : public QObject
 private slots:
     void rfcVectors_data();
     void rfcVectors();
+    void randomRoundTrip_data();
     void randomRoundTrip();
     void malformedBase64_data();
     void malformedBase64();
-    void sizesAndNulls();
+    void encodedLength_data();
+    void encodedLength();
+    void nullsAndOversize();
     void urlEncodeCases_data();
     void urlEncodeCases();
     void urlDecodeCases_data();
@@ -65,19 +68,22 @@ void tst_Encodings::rfcVectors()
     checkRoundTrip(data, text);
 }
 
+// Random bytes of every length class against Qt's own encoder.
+void tst_Encodings::randomRoundTrip_data()
+{
+    QTest::addColumn<int>("length");
+    for (int n : { 1, 2, 3, 4, 5, 6, 7, 254, 255, 256, 4096, 65537 })
+        QTest::addRow("%d bytes", n) << n;
+}
+
 void tst_Encodings::randomRoundTrip()
 {
-    QRandomGenerator rng(4648);
-    QList<int> lengths;
-    for (int n = 0; n <= 200; ++n)
-        lengths << n;
-    lengths << 4096 << 65537;
-    for (int n : lengths) {
-        QByteArray data(n, Qt::Uninitialized);
-        for (char& c : data)
-            c = char(rng.bounded(256));
-        checkRoundTrip(data, data.toBase64());
-    }
+    QFETCH(int, length);
+    QRandomGenerator rng(quint32(length) * 4648);
+    QByteArray data(length, Qt::Uninitialized);
+    for (char& c : data)
+        c = char(rng.bounded(256));
+    checkRoundTrip(data, data.toBase64());
 }
 
 void tst_Encodings::malformedBase64_data()
@@ -105,14 +111,30 @@ void tst_Encodings::malformedBase64()
     QCOMPARE(dec.mid(dlen), QByteArray(8, guard));
 }
 
-void tst_Encodings::sizesAndNulls()
+// ((size + 2) / 3) * 4 + 1, or 0 when that does not fit in an int.
+void tst_Encodings::encodedLength_data()
 {
-    QCOMPARE(Base64encode_len(3), 5);
-    QCOMPARE(Base64encode_len(-7), 1); // negative counts as empty
-    QCOMPARE(Base64encode_len(1610612733), 2147483645); // largest that fits
-    QCOMPARE(Base64encode_len(1610612734), 0); // would overflow int
-    QCOMPARE(Base64encode_len(INT_MAX), 0);
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("length");
+    QTest::newRow("empty input needs the closing zero") << 0 << 1;
+    QTest::newRow("one byte takes a whole group") << 1 << 5;
+    QTest::newRow("three bytes fill one group") << 3 << 5;
+    QTest::newRow("a fourth byte starts a second group") << 4 << 9;
+    QTest::newRow("negative counts as empty") << -7 << 1;
+    QTest::newRow("largest size that fits") << 1610612733 << 2147483645;
+    QTest::newRow("one more would overflow an int") << 1610612734 << 0;
+    QTest::newRow("INT_MAX overflows") << INT_MAX << 0;
+}
 
+void tst_Encodings::encodedLength()
+{
+    QFETCH(int, size);
+    QFETCH(int, length);
+    QCOMPARE(Base64encode_len(size), length);
+}
+
+void tst_Encodings::nullsAndOversize()
+{
     char out[8] = "xxxxxxx";
     QCOMPARE(Base64encode(out, "abc", INT_MAX), 0); // refuses instead of overrunning
     QCOMPARE(out[0], 'x');
@@ -131,12 +153,26 @@ void tst_Encodings::urlEncodeCases_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("encoded");
     QTest::newRow("empty") << QByteArray("") << QByteArray("");
-    QTest::newRow("unreserved pass") << QByteArray("Az09-._~") << QByteArray("Az09-._~");
+    QTest::newRow("unreserved marks pass") << QByteArray("-._~") << QByteArray("-._~");
+    QTest::newRow("ends of the letter and digit ranges pass")
+        << QByteArray("AZaz09") << QByteArray("AZaz09");
+    QTest::newRow("one below A is escaped") << QByteArray("@") << QByteArray("%40");
+    QTest::newRow("one past Z is escaped") << QByteArray("[") << QByteArray("%5B");
+    QTest::newRow("one below a is escaped") << QByteArray("`") << QByteArray("%60");
+    QTest::newRow("one past z is escaped") << QByteArray("{") << QByteArray("%7B");
+    QTest::newRow("one below 0 is escaped") << QByteArray("/") << QByteArray("%2F");
+    QTest::newRow("one past 9 is escaped") << QByteArray(":") << QByteArray("%3A");
     QTest::newRow("blank is %20, never +") << QByteArray("a b") << QByteArray("a%20b");
     QTest::newRow("plus is escaped") << QByteArray("+") << QByteArray("%2B");
+    QTest::newRow("lowest byte gets %0") << QByteArray("\x01") << QByteArray("%01");
     QTest::newRow("line feed gets %0") << QByteArray("\n") << QByteArray("%0A");
+    QTest::newRow("largest byte below 16 gets %0") << QByteArray("\x0f") << QByteArray("%0F");
+    QTest::newRow("16 has two digits of its own") << QByteArray("\x10") << QByteArray("%10");
     QTest::newRow("form separators") << QByteArray("k=v&x") << QByteArray("k%3Dv%26x");
-    QTest::newRow("high byte printed as negative int")
+    QTest::newRow("largest positive byte") << QByteArray("\x7f") << QByteArray("%7F");
+    QTest::newRow("0x80 printed as a negative int")
+        << QByteArray("\x80") << QByteArray("%0FFFFFF80");
+    QTest::newRow("high byte printed as a negative int")
         << QByteArray("\xe9") << QByteArray("%0FFFFFFE9");
     QTest::newRow("stops at zero byte") << QByteArray("ab\0cd", 5) << QByteArray("ab");
 }
