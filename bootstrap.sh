@@ -18,6 +18,9 @@ jobs="$(nproc 2>/dev/null || echo 2)"
 packages=(cmake make g++ pkg-config qt6-base-dev qt6-base-dev-tools libgl-dev
           libtinyxml-dev libsodium-dev)
 [ "$what" = bench ] && packages+=(libbenchmark-dev libssl-dev)
+# The network tests make a throwaway certificate and run a real web server of
+# their own on the loopback address.
+case "$what" in test | sanitize) packages+=(openssl nginx-light) ;; esac
 [ "$what" = format ] && packages=(clang-format git)
 [ "$what" = sanitize ] && build="${BUILD_DIR:-$here/build-sanitize}"
 
@@ -29,8 +32,18 @@ if [ "${#missing[@]}" -gt 0 ]; then
     echo "Installing: ${missing[*]}"
     sudo=""
     [ "$(id -u)" -ne 0 ] && sudo="sudo"
+    # A package with a service (nginx) must not start it: the tests start
+    # their own, on the loopback address only. policy-rc.d tells the package
+    # scripts so, for this install alone.
+    policy=/usr/sbin/policy-rc.d
+    if [ ! -e "$policy" ]; then
+        printf '#!/bin/sh\nexit 101\n' | $sudo tee "$policy" >/dev/null
+        $sudo chmod +x "$policy"
+        trap '$sudo rm -f "$policy"' EXIT
+    fi
     $sudo apt-get update -qq
     DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
+    if trap -p EXIT | grep -q policy; then $sudo rm -f "$policy"; trap - EXIT; fi
 fi
 
 configure() {
