@@ -67,16 +67,16 @@ void requestAddAuthHeader(QNetworkRequest& request, char const* credentials, cha
 {
     if (!credentials || !scheme)
         return;
-    request.setRawHeader("Authorization",
-                         QStringLiteral("%1 %2").arg(text(scheme), text(credentials)).toLocal8Bit());
+    request.setRawHeader(
+        "Authorization",
+        QStringLiteral("%1 %2").arg(text(scheme), text(credentials)).toLocal8Bit());
 }
 
 QWebClient::QWebClient(char const* url, bool forceMultiPart)
     : m_multiPart(QHttpMultiPart::FormDataType)
     , m_url(bytes(url))
     , m_forceMultiPart(forceMultiPart)
-{
-}
+{ }
 
 QWebClient::QWebClient(char const* url, char const* filePath, char const* fileName,
                        char const* fieldName)
@@ -85,8 +85,7 @@ QWebClient::QWebClient(char const* url, char const* filePath, char const* fileNa
     , m_filePath(text(filePath))
     , m_fileName(text(fileName))
     , m_fieldName(text(fieldName))
-{
-}
+{ }
 
 QWebClient::~QWebClient()
 {
@@ -135,20 +134,31 @@ bool QWebClient::waitFor(QNetworkReply* reply)
 {
     m_reply = reply;
     // Over loopback an endless body arrives at gigabytes a second: a reply
-    // past the ceiling is aborted, which makes it fail.
+    // past the ceiling is aborted, which makes it fail. Checked on the headers
+    // and on every arrival: downloadProgress is throttled to one signal per
+    // 100 ms and its last one comes when the reply has already finished, so
+    // a reply that arrives quickly would never be seen past the ceiling.
     const qint64 ceiling = p_for_maxReplyBytes;
-    const QMetaObject::Connection guard = connect(
-        reply, &QNetworkReply::downloadProgress, reply, [reply, ceiling](qint64 got, qint64 total) {
-            if (ceiling > 0 && (got > ceiling || total > ceiling))
-                reply->abort();
-        });
+    const auto check = [reply, ceiling] {
+        const QVariant announced = reply->header(QNetworkRequest::ContentLengthHeader);
+        if (ceiling > 0
+            && (reply->bytesAvailable() > ceiling
+                || (announced.isValid() && announced.toLongLong() > ceiling)))
+            reply->abort();
+    };
+    const QMetaObject::Connection guard = connect(reply, &QNetworkReply::readyRead, reply, check);
+    const QMetaObject::Connection headGuard
+        = connect(reply, &QNetworkReply::metaDataChanged, reply, check);
 
     QEventLoop loop;
     connect(reply, SIGNAL(finished()), &loop, SLOT(quit()));
-    QTimer::singleShot(p_for_waitMsecs, &loop, SLOT(quit()));
+    // A precise timer: a coarse one, Qt's default for long intervals, may end
+    // the wait up to 5% early.
+    QTimer::singleShot(p_for_waitMsecs, Qt::PreciseTimer, &loop, SLOT(quit()));
     if (!reply->isFinished())
         loop.exec();
     disconnect(guard);
+    disconnect(headGuard);
 
     if (!reply->isFinished() && p_for_timeoutFails) {
         reply->abort();
@@ -269,8 +279,8 @@ int QWebClient::sendFormPost(QString* response, char const* credentials, char co
         m_multiPart.setParent(nullptr);
     if (upload) {
         // Closed now and deleted with the multi-part, which keeps the part: a
-        // second request on this client then reads a closed file and fails
-        // rather than reading a deleted one.
+        // second request on this client then finds no bytes in it (an empty
+        // body) rather than reading a deleted file.
         upload->close();
     }
     if (expectDownload) {
@@ -299,15 +309,15 @@ bool QWebClient::postByMultiPart(QString& response, char const* name, char const
     return ok;
 }
 
-bool QWebClient::postSoapXML(std::string const& body, QString const& contentType,
-                             char const* user, char const* secret, std::string& response)
+bool QWebClient::postSoapXML(std::string const& body, QString const& contentType, char const* user,
+                             char const* secret, std::string& response)
 {
     return postSoapXML(QByteArray(body.data(), qsizetype(body.size())), contentType, user, secret,
                        response);
 }
 
-bool QWebClient::postSoapXML(QByteArray const& body, QString const& contentType,
-                             char const* user, char const* secret, std::string& response)
+bool QWebClient::postSoapXML(QByteArray const& body, QString const& contentType, char const* user,
+                             char const* secret, std::string& response)
 {
     QNetworkRequest request = newRequest(m_url);
     request.setHeader(QNetworkRequest::ContentTypeHeader, contentType);
@@ -347,8 +357,7 @@ bool QWebClient::callSoapT2(CString const& xml, std::string const& attachment, Q
     verifyNoPeer(request);
 
     QHttpPart soap;
-    soap.setHeader(QNetworkRequest::ContentTypeHeader,
-                   QByteArray("text/xml; charset=iso-8859-1"));
+    soap.setHeader(QNetworkRequest::ContentTypeHeader, QByteArray("text/xml; charset=iso-8859-1"));
     soap.setRawHeader("Content-Transfer-Encoding", "8bit");
     soap.setRawHeader("Content-ID", "<soapPart>");
     soap.setBody(xml.toLocal8Bit());
