@@ -192,10 +192,13 @@ bool QWebClient::getDownloadFile(QString const& path)
     QNetworkReply* reply = newManager()->get(newRequest(m_url));
     const bool ok = waitFor(reply);
     if (ok) {
-        const QByteArray body = reply->readAll();
         QFile file(path);
         if (file.open(QIODevice::WriteOnly)) {
-            file.write(body);
+            // In pieces straight from the reply's buffer: a body of many
+            // megabytes is not gathered into one more copy first.
+            std::vector<char> piece(std::size_t(1) << 20);
+            for (qint64 got; (got = reply->read(piece.data(), qint64(piece.size()))) > 0;)
+                file.write(piece.data(), got);
             file.flush();
             file.close();
         }
