@@ -45,6 +45,11 @@ QString QServerSocket::errorString() const
     return m_server->errorString();
 }
 
+int QServerSocket::serverPort() const
+{
+    return m_server->serverPort();
+}
+
 void QServerSocket::newConnection()
 {
     const qint64 cap = p_for_maxBytesPerClient;

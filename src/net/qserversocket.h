@@ -35,6 +35,9 @@ public:
     // Stops accepting clients. Clients already connected stay connected.
     void close();
     QString errorString() const;
+    // The port listened on: the one the system chose when constructed with 0.
+    // 0 when not listening.
+    int serverPort() const;
 
     // The most bytes one client may send in all. A client whose bytes would
     // take its buffer past it is disconnected and its buffer dropped, with an

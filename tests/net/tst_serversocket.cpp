@@ -102,6 +102,7 @@ void tst_ServerSocket::listensOnLoopbackOnly()
     QVERIFY(server->isListening());
     QCOMPARE(server->serverAddress(), QHostAddress(QHostAddress::LocalHost));
     QVERIFY(server->serverPort() != 0);
+    QCOMPARE(listener.serverPort(), int(server->serverPort()));
     QCOMPARE(log.messages(), QStringList({ "port:0 Listening:succ", "Listening: succ" }));
 }
 
