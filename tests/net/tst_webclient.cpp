@@ -8,8 +8,11 @@
 
 #include <QDataStream>
 #include <QElapsedTimer>
+#include <QNetworkAccessManager>
 #include <QNetworkProxy>
+#include <QPointer>
 #include <QRandomGenerator>
+#include <QSignalSpy>
 #include <QSslConfiguration>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -116,6 +119,9 @@ private slots:
     void clientOutlivesItsReply();
     void nginxPeer_data();
     void nginxPeer();
+    void updateProgressWritesWhatTheReplyHolds_data();
+    void updateProgressWritesWhatTheReplyHolds();
+    void replyFinishedLetsReplyAndManagerGo();
 
 private:
     QTemporaryDir m_dir;
@@ -832,6 +838,55 @@ void tst_WebClient::clientOutlivesItsReply()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     client.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+// The slots an application connects to a reply of its own.
+void tst_WebClient::updateProgressWritesWhatTheReplyHolds_data()
+{
+    QTest::addColumn<bool>("streamSet");
+    QTest::addColumn<QByteArray>("written");
+    QTest::newRow("a stream set: one length-prefixed block")
+        << true << QByteArray("\0\0\0\4body", 8);
+    QTest::newRow("no stream: the bytes are read and dropped") << false << QByteArray();
+}
+
+void tst_WebClient::updateProgressWritesWhatTheReplyHolds()
+{
+    QFETCH(bool, streamSet);
+    QFETCH(QByteArray, written);
+    LoopbackHttpServer server;
+    QVERIFY(server.listen());
+    server.setAnswer(LoopbackHttpServer::status(200, "body"));
+    QNetworkAccessManager manager;
+    QNetworkReply* reply = manager.get(QNetworkRequest(QUrl(QString::fromLatin1(server.url()))));
+    QSignalSpy finished(reply, &QNetworkReply::finished);
+    QVERIFY(finished.wait());
+
+    QWebClient client(server.url().constData(), false);
+    QByteArray out;
+    QDataStream stream(&out, QIODevice::WriteOnly);
+    client.m_reply = reply;
+    client.m_downloadStream = streamSet ? &stream : nullptr;
+    client.onUpdateProgress(0, 0);
+    QCOMPARE(out, written);
+    QCOMPARE(reply->bytesAvailable(), 0);
+}
+
+void tst_WebClient::replyFinishedLetsReplyAndManagerGo()
+{
+    LoopbackHttpServer server;
+    QVERIFY(server.listen());
+    QWebClient client(server.url().constData(), false);
+    QString response;
+    QVERIFY(client.get(response));
+    const QPointer<QNetworkAccessManager> manager = client.m_manager;
+    const QPointer<QNetworkReply> reply = client.m_reply;
+    QVERIFY(manager && reply);
+    client.replyFinished(reply);
+    QVERIFY(!client.m_manager);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!manager);
+    QVERIFY(!reply);
 }
 
 // A server nobody here wrote, over HTTP and HTTPS.
