@@ -169,6 +169,25 @@ bool QWebClient::waitFor(QNetworkReply* reply)
     return reply->error() == QNetworkReply::NoError;
 }
 
+// The wait, then the whole answer on success; the reply is left stopped.
+bool QWebClient::awaitAnswer(QNetworkReply* reply, QByteArray& answer)
+{
+    const bool ok = waitFor(reply);
+    if (ok)
+        answer = reply->readAll();
+    stopIfRunning(reply);
+    return ok;
+}
+
+bool QWebClient::awaitText(QNetworkReply* reply, QString& response)
+{
+    QByteArray answer;
+    const bool ok = awaitAnswer(reply, answer);
+    if (ok)
+        response = QString::fromUtf8(answer);
+    return ok;
+}
+
 bool QWebClient::get(QString& response)
 {
     return get(response, nullptr, nullptr);
@@ -178,13 +197,8 @@ bool QWebClient::get(QString& response, char const* credentials, char const* sch
 {
     QNetworkRequest request = newRequest(m_url);
     addAuthAndAccept(request, credentials, scheme);
-    QNetworkReply* reply = newManager()->get(request);
-    const bool ok = waitFor(reply);
-    if (ok)
-        response = QString::fromUtf8(reply->readAll());
-    stopIfRunning(reply);
     // The reply stays with its manager, which goes with the client.
-    return ok;
+    return awaitText(newManager()->get(request), response);
 }
 
 bool QWebClient::getDownloadFile(QString const& path)
@@ -266,15 +280,12 @@ int QWebClient::sendFormPost(QString* response, char const* credentials, char co
     connect(reply, SIGNAL(sslErrors(const QList<QSslError>&)), this,
             SLOT(onSslError(const QList<QSslError>&)));
 
-    const bool ok = waitFor(reply);
-    if (ok) {
-        const QByteArray body = reply->readAll();
-        if (expectDownload && m_downloadStream)
-            *m_downloadStream << body;
-        else if (response)
-            *response = QString::fromUtf8(body);
-    }
-    stopIfRunning(reply);
+    QByteArray answer;
+    const bool ok = awaitAnswer(reply, answer);
+    if (ok && expectDownload && m_downloadStream)
+        *m_downloadStream << answer;
+    else if (ok && response)
+        *response = QString::fromUtf8(answer);
     reply->deleteLater();
     // The multi-part member was the reply's child for the request; it leaves
     // before the deferred deletion, so keeping the client past it is safe.
@@ -304,10 +315,7 @@ bool QWebClient::postByMultiPart(QString& response, char const* name, char const
                       QByteArray("multipart/form-data; boundary=AaB03x"));
     request.setHeader(QNetworkRequest::ContentLengthHeader, QByteArray::number(body.size()));
     QNetworkReply* reply = newManager()->post(request, body);
-    const bool ok = waitFor(reply);
-    if (ok)
-        response = QString::fromUtf8(reply->readAll());
-    stopIfRunning(reply);
+    const bool ok = awaitText(reply, response);
     reply->deleteLater();
     return ok;
 }
@@ -338,12 +346,10 @@ bool QWebClient::postSoapXML(QByteArray const& body, QString const& contentType,
     verifyNoPeer(request);
 
     QNetworkReply* reply = newManager()->post(request, body);
-    const bool ok = waitFor(reply);
-    if (ok) {
-        const QByteArray answer = reply->readAll();
+    QByteArray answer;
+    const bool ok = awaitAnswer(reply, answer);
+    if (ok)
         response.assign(answer.constData(), size_t(answer.size()));
-    }
-    stopIfRunning(reply);
     reply->deleteLater();
     return ok;
 }
@@ -373,10 +379,7 @@ bool QWebClient::callSoapT2(CString const& xml, std::string const& attachment, Q
     m_multiPart.setBoundary("MULTI-PARTS-FORM-DATA-BOUNDARY");
 
     QNetworkReply* reply = newManager()->post(request, &m_multiPart);
-    const bool ok = waitFor(reply);
-    if (ok)
-        response = QString::fromUtf8(reply->readAll());
-    stopIfRunning(reply);
+    const bool ok = awaitText(reply, response);
     reply->deleteLater();
     return ok;
 }

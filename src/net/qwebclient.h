@@ -123,6 +123,8 @@ private:
     QNetworkAccessManager* newManager();
     QNetworkRequest newRequest(QByteArray const& url) const;
     bool waitFor(QNetworkReply* reply);
+    bool awaitAnswer(QNetworkReply* reply, QByteArray& answer);
+    bool awaitText(QNetworkReply* reply, QString& response);
     int sendFormPost(QString* response, char const* credentials, char const* scheme,
                      bool expectDownload);
 };
