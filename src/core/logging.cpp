@@ -1,15 +1,8 @@
 #include "logging_p.h"
 
-Q_LOGGING_CATEGORY(lcBedrockCore, "bedrock.core", QtInfoMsg)
-Q_LOGGING_CATEGORY(lcBedrockFields, "bedrock.fields", QtInfoMsg)
 Q_LOGGING_CATEGORY(lcBedrockForms, "bedrock.forms", QtInfoMsg)
 Q_LOGGING_CATEGORY(lcBedrockHousehold, "bedrock.household", QtInfoMsg)
-Q_LOGGING_CATEGORY(lcBedrockWorksheets, "bedrock.worksheets", QtInfoMsg)
-Q_LOGGING_CATEGORY(lcBedrockValidation, "bedrock.validation", QtInfoMsg)
 Q_LOGGING_CATEGORY(lcBedrockXml, "bedrock.xml", QtInfoMsg)
 Q_LOGGING_CATEGORY(lcBedrockFiling, "bedrock.filing", QtInfoMsg)
 Q_LOGGING_CATEGORY(lcBedrockNet, "bedrock.net", QtInfoMsg)
-Q_LOGGING_CATEGORY(lcBedrockWidgets, "bedrock.widgets", QtInfoMsg)
-Q_LOGGING_CATEGORY(lcBedrockPages, "bedrock.pages", QtInfoMsg)
-Q_LOGGING_CATEGORY(lcBedrockReference, "bedrock.reference", QtInfoMsg)
 Q_LOGGING_CATEGORY(lcTemplateDefault, "default", QtInfoMsg)

@@ -37,8 +37,7 @@ using Salt = std::array<unsigned char, SaltBytes>;
 // an entry whose device is gone is dropped, and a new device at the same
 // address starts afresh.
 struct DeviceSalts {
-    const QIODevice* device;
-    QPointer<QIODevice> alive;
+    QPointer<QIODevice> device;
     std::vector<Salt> salts;
 };
 
@@ -131,12 +130,12 @@ bool deriveKey(State& s, const std::string& keyText, const unsigned char* salt, 
 bool admitSalt(State& s, const QIODevice* device, const unsigned char* salt)
 {
     s.devices.erase(std::remove_if(s.devices.begin(), s.devices.end(),
-                                   [](const DeviceSalts& d) { return d.alive.isNull(); }),
+                                   [](const DeviceSalts& d) { return d.device.isNull(); }),
                     s.devices.end());
     auto entry = std::find_if(s.devices.begin(), s.devices.end(),
                               [device](const DeviceSalts& d) { return d.device == device; });
     if (entry == s.devices.end()) {
-        s.devices.push_back({ device, QPointer<QIODevice>(const_cast<QIODevice*>(device)), {} });
+        s.devices.push_back({ QPointer<QIODevice>(const_cast<QIODevice*>(device)), {} });
         entry = s.devices.end() - 1;
     }
     Salt wanted;

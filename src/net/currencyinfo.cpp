@@ -48,12 +48,11 @@ bool isCanadianDollar(const QString& currency)
 
 bool lookupExchangeRate(const ExchangeRates& rates, const QString& currency, int year, double& rate)
 {
-    const QString code = currency.toUpper();
-    if (code == QLatin1String("CAD")) {
+    if (isCanadianDollar(currency)) {
         rate = 1.0;
         return true;
     }
-    const auto found = rates.constFind(code);
+    const auto found = rates.constFind(currency.toUpper());
     if (found == rates.constEnd())
         return false;
     const QMap<int, double>& byYear = found.value();
