@@ -1,26 +1,14 @@
-// An HTTP/1.1 server on 127.0.0.1, port 0, for tests of network code. It
-// records the raw bytes of every request and answers each one as the test
-// scripts it:
-//
-//   LoopbackHttpServer server;                 // server(tlsConfiguration) for HTTPS
-//   QVERIFY(server.listen());
-//   server.setAnswer(LoopbackHttpServer::status(200, "body"));
-//   ... the call under test, on server.url("/path") ...
-//   QCOMPARE(server.requests().value(0), expectedRequestBytes);
-//
-// It runs on the test's own thread and never blocks: a client that waits in a
-// nested event loop on that thread (or in its own thread) is served during the
-// wait. A request ends after its headers and Content-Length bytes of body
-// (chunked request bodies are not understood).
+// An HTTP/1.1 server on 127.0.0.1, port 0, for tests of network code: it records
+// the raw bytes of every request and answers each as the test sets. It runs on
+// the test's own thread and never blocks, so a client waiting in a nested event
+// loop is served meanwhile. A request ends after its headers and Content-Length
+// bytes of body.
 #pragma once
 
-#include <QByteArray>
-#include <QList>
 #include <QSslConfiguration>
 #include <QSslServer>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTimer>
 
 #include <memory>
 
@@ -30,8 +18,6 @@ public:
     struct Answer {
         QByteArray bytes; // status line, headers and body, sent as they are
         qint64 filler = 0; // then as many 'x' bytes, written as the peer takes them; -1: endless
-        int pieceBytes = 0; // > 0: `bytes` go in pieces of this size...
-        int pieceMsecs = 0; // ...one every pieceMsecs
         bool close = false; // close the connection after the last byte
         bool silent = false; // read the request and never answer
     };
@@ -48,24 +34,9 @@ public:
     // Any bytes, then `filler` bytes of 'x' (-1: endless), then a close if asked.
     static Answer raw(const QByteArray& bytes, qint64 filler = 0, bool close = false)
     {
-        Answer a;
-        a.bytes = bytes;
-        a.filler = filler;
-        a.close = close;
-        return a;
+        return Answer { bytes, filler, close, false };
     }
-    static Answer silence()
-    {
-        Answer a;
-        a.silent = true;
-        return a;
-    }
-    static Answer trickled(Answer a, int pieceBytes, int pieceMsecs)
-    {
-        a.pieceBytes = pieceBytes;
-        a.pieceMsecs = pieceMsecs;
-        return a;
-    }
+    static Answer silence() { return Answer { {}, 0, false, true }; }
 
     LoopbackHttpServer()
         : m_server(new QTcpServer)
@@ -79,8 +50,7 @@ public:
 
     bool listen()
     {
-        // Pending connections come out here once accepted (and, over TLS,
-        // once the handshake is done).
+        // Over TLS a connection comes out once its handshake is done.
         QObject::connect(m_server.get(), &QTcpServer::pendingConnectionAvailable, m_server.get(),
                          [this] {
                              while (QTcpSocket* socket = m_server->nextPendingConnection())
@@ -99,8 +69,7 @@ public:
     // The answer to every request from now on; 200 "ok" until set.
     void setAnswer(const Answer& answer) { m_answer = answer; }
     const QList<QByteArray>& requests() const { return m_requests; }
-    int accepted() const { return m_accepted; } // connections taken so far
-    int open() const { return m_open; } // of those, not yet closed by either side
+    int open() const { return m_open; } // connections not yet closed by either side
 
 private:
     struct Connection {
@@ -113,7 +82,6 @@ private:
 
     void serve(QTcpSocket* socket)
     {
-        ++m_accepted;
         ++m_open;
         const Conn conn = std::make_shared<Connection>();
         QObject::connect(socket, &QTcpSocket::disconnected, socket, [this, socket] {
@@ -156,33 +124,12 @@ private:
 
     void answer(QTcpSocket* socket, const Conn& conn)
     {
-        const Answer a = m_answer;
-        if (a.silent)
+        if (m_answer.silent)
             return;
-        if (a.pieceBytes <= 0) {
-            socket->write(a.bytes);
-            finish(socket, *conn, a);
-            return;
-        }
-        // A trickle: one piece on each tick, then the filler.
-        auto* timer = new QTimer(socket);
-        QObject::connect(timer, &QTimer::timeout, socket,
-                         [socket, conn, timer, a, sent = qsizetype(0)]() mutable {
-                             socket->write(a.bytes.mid(sent, a.pieceBytes));
-                             sent += a.pieceBytes;
-                             if (sent >= a.bytes.size()) {
-                                 timer->stop();
-                                 finish(socket, *conn, a);
-                             }
-                         });
-        timer->start(a.pieceMsecs);
-    }
-
-    static void finish(QTcpSocket* socket, Connection& conn, const Answer& a)
-    {
-        conn.fillerLeft = a.filler;
-        conn.closeAtEnd = a.close;
-        fill(socket, conn);
+        socket->write(m_answer.bytes);
+        conn->fillerLeft = m_answer.filler;
+        conn->closeAtEnd = m_answer.close;
+        fill(socket, *conn);
     }
 
     // Writes filler while the peer keeps up, so an endless body costs no memory here.
@@ -205,7 +152,6 @@ private:
 
     Answer m_answer = status(200, "ok", "OK");
     QList<QByteArray> m_requests;
-    int m_accepted = 0;
     int m_open = 0;
     // Last, so its sockets go while the counters they update still exist.
     std::unique_ptr<QTcpServer> m_server;

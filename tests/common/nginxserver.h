@@ -1,23 +1,13 @@
-// Debian's nginx, run by a test as a peer that nobody here wrote: plain HTTP
-// and HTTPS on two free loopback ports, serving `root`, with its pid, logs
-// and temporary files in `dir`:
-//
-//   NginxServer nginx;
-//   if (!NginxServer::installed()) QSKIP("no nginx");
-//   QVERIFY(nginx.start(dir.path(), root, cert.certPath, cert.keyPath));
-//   QTRY_VERIFY(nginx.accepts());
-//   ... requests to nginx.url("http", "/file") and nginx.url("https", "/file") ...
-//
-// The process is killed when the object goes. `extra` is added to the server
-// block as it stands (locations, for instance).
+// Debian's nginx, run by a test as a peer that nobody here wrote: plain HTTP and
+// HTTPS on two free loopback ports, serving `root`, with its pid, logs and
+// temporary files in `dir`, and `extra` added to the server block. The process
+// is killed when the object goes.
 #pragma once
 
-#include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QString>
 #include <QTcpServer>
 #include <QTcpSocket>
 

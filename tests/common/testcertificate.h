@@ -1,12 +1,6 @@
-// A throwaway self-signed certificate for 127.0.0.1, made at test time by the
-// openssl command into a folder the caller keeps alive:
-//
-//   QTemporaryDir dir;
-//   TestCertificate cert;
-//   QVERIFY2(cert.make(dir.path()), "openssl req failed");
-//   LoopbackHttpServer server(cert.serverConfiguration());
-//
-// No client trusts it unless the test adds `certificate` to its CA list.
+// A throwaway self-signed certificate for 127.0.0.1, made by the openssl command
+// into a folder the caller keeps alive. No client trusts it unless the test adds
+// `certificate` to its CA list.
 #pragma once
 
 #include <QDir>
@@ -15,7 +9,6 @@
 #include <QSslCertificate>
 #include <QSslConfiguration>
 #include <QSslKey>
-#include <QString>
 
 struct TestCertificate {
     QString certPath;
