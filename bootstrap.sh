@@ -15,8 +15,9 @@ build="${BUILD_DIR:-$here/build}"
 what="${1:-test}"
 jobs="$(nproc 2>/dev/null || echo 2)"
 
+# The widgets are drawn (tests, gallery) with DejaVu, so pictures look alike everywhere.
 packages=(cmake make g++ pkg-config qt6-base-dev qt6-base-dev-tools libgl-dev
-          libtinyxml-dev libsodium-dev)
+          libtinyxml-dev libsodium-dev fonts-dejavu-core)
 [ "$what" = bench ] && packages+=(libbenchmark-dev libssl-dev)
 # The network tests make a throwaway certificate and run a real web server of
 # their own on the loopback address.

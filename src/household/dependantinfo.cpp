@@ -15,29 +15,31 @@
 #include <memory>
 #include <new>
 
+// The names of both tables are marked for the translation of the combo boxes
+// that list them; the records and their display text use them as they stand.
 const _RelationshipStru globalRelationships[16] = {
-    /*  0 */ { 1, "Son" },
-    /*  1 */ { 1, "Daughter" },
-    /*  2 */ { 1, "Father" },
-    /*  3 */ { 1, "Mother" },
-    /*  4 */ { 1, "Grandfather" },
-    /*  5 */ { 1, "GrandMother" },
-    /*  6 */ { 1, "GrandSon" },
-    /*  7 */ { 1, "GrandDaughter" },
-    /*  8 */ { 1, "Brother" },
-    /*  9 */ { 1, "Sister" },
-    /* 10 */ { 1, "Nephew" },
-    /* 11 */ { 1, "Niece" },
-    /* 12 */ { 1, "Uncle" },
-    /* 13 */ { 1, "Aunt" },
-    /* 14 */ { 0, "Other" },
+    /*  0 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Son") },
+    /*  1 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Daughter") },
+    /*  2 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Father") },
+    /*  3 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Mother") },
+    /*  4 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Grandfather") },
+    /*  5 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "GrandMother") },
+    /*  6 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "GrandSon") },
+    /*  7 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "GrandDaughter") },
+    /*  8 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Brother") },
+    /*  9 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Sister") },
+    /* 10 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Nephew") },
+    /* 11 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Niece") },
+    /* 12 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Uncle") },
+    /* 13 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Aunt") },
+    /* 14 */ { 0, QT_TRANSLATE_NOOP("CT1ComboBox", "Other") },
     /* 15 */ { 0, "" },
 };
 
 const _InfirmStru globalInfirms[3] = {
-    /* 0 */ { 0, "Normal" },
-    /* 1 */ { 1, "Infirm" },
-    /* 2 */ { 2, "Disabled" },
+    /* 0 */ { 0, QT_TRANSLATE_NOOP("CT1ComboBox", "Normal") },
+    /* 1 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Infirm") },
+    /* 2 */ { 2, QT_TRANSLATE_NOOP("CT1ComboBox", "Disabled") },
 };
 
 namespace {

@@ -10,6 +10,7 @@
 #include <vector>
 
 class MyDataStream;
+class StyledComboBox;
 
 // One row of globalRelationships: a flag byte that marks a relative, and the name.
 struct LIBBEDROCK_EXPORT _RelationshipStru {
@@ -123,6 +124,16 @@ struct LIBBEDROCK_EXPORT DependantInfoStruct {
     // One-based index as worksheets hold it: set to 0, giving true, when it
     // names no existing row; 0 itself is left alone and gives false.
     bool ValidateAndCorrectDepIndex(int& index);
+
+    /*
+     * Refills `box` with a first item (`firstItem` as UTF-8, or "Please select a
+     * dependant" when null; data 0) and one item per existing row, whose data is
+     * the row's one-based index: the DepIdx worksheets keep. Rows without a name
+     * are skipped, so positions and data differ after one. With no rows at all
+     * the box holds "No dependant information was entered." and is disabled.
+     * A null box does nothing.
+     */
+    void FillComboBox(StyledComboBox* box, const char* firstItem);
 
     qint32 m_nCount;
     // Added to every row's net income; not archived and on no field list.

@@ -1,29 +1,32 @@
 // Jurisdiction, country, currency, First Nations and code tables, one per block.
 #include "jurisdictiontables.h"
 
+#include <QtGlobal>
+
 // Aligned rows: the formatter leaves the tables alone.
 // clang-format off
 
-// Rows are addressed by ENUMTYPE_PROVINCE.
+// Rows are addressed by ENUMTYPE_PROVINCE. The names are marked for the
+// translation of the combo boxes that list them.
 const STRUCT_PROVINCE_INFO Global_Provs_Info[Global_Provs_Num] = {
-    /*  0 */ { 0, "Choose A Province", "", nullptr, nullptr },
-    /*  1 */ { 1, "Alberta", "AB", "LibAlberta", "LibAlberta_nonresi" },
-    /*  2 */ { 2, "British Columbia", "BC", "LibBritishC", "LibBritishC_nonresi" },
-    /*  3 */ { 3, "Manitoba", "MB", "LibManitoba", "LibManitoba_nonresi" },
-    /*  4 */ { 4, "New Brunswick", "NB", "LibNBrunswick", "LibNBrunswick_nonresi" },
-    /*  5 */ { 5, "Newfoundland And Labrador", "NL", "LibNewfoundland", "LibNewfoundland_nonresi" },
-    /*  6 */ { 6, "Nova Scotia", "NS", "LibNScotia", "LibNScotia_nonresi" },
-    /*  7 */ { 7, "Northwest Territory", "NT", "LibNorthwest", "LibNorthwest_nonresi" },
-    /*  8 */ { 8, "Nunavut", "NU", "LibNunavut", "LibNunavut_nonresi" },
-    /*  9 */ { 9, "Ontario", "ON", "LibOntario", "LibOntario_nonresi" },
-    /* 10 */ { 10, "Prince Edward Island", "PE", "LibPEI", "LibPEI_nonresi" },
-    /* 11 */ { 11, "Quebec", "QC", nullptr, nullptr },
-    /* 12 */ { 12, "Saskatchewan", "SK", "LibSaskatchewan", "LibSaskatchewan_nonresi" },
-    /* 13 */ { 13, "Yukon Territory", "YT", "LibYukon", "LibYukon_nonresi" },
-    /* 14 */ { 14, "Non-Resident", "OT", nullptr, nullptr },
-    /* 15 */ { 15, "Non-Resident Under Section 216", "OT", nullptr, nullptr },
-    /* 16 */ { 16, "Non-Resident Under Section 217", "OT", nullptr, nullptr },
-    /* 17 */ { 17, "Deemed Resident", "OT", nullptr, nullptr },
+    /*  0 */ { 0, QT_TRANSLATE_NOOP("CT1ComboBox", "Choose A Province"), "", nullptr, nullptr },
+    /*  1 */ { 1, QT_TRANSLATE_NOOP("CT1ComboBox", "Alberta"), "AB", "LibAlberta", "LibAlberta_nonresi" },
+    /*  2 */ { 2, QT_TRANSLATE_NOOP("CT1ComboBox", "British Columbia"), "BC", "LibBritishC", "LibBritishC_nonresi" },
+    /*  3 */ { 3, QT_TRANSLATE_NOOP("CT1ComboBox", "Manitoba"), "MB", "LibManitoba", "LibManitoba_nonresi" },
+    /*  4 */ { 4, QT_TRANSLATE_NOOP("CT1ComboBox", "New Brunswick"), "NB", "LibNBrunswick", "LibNBrunswick_nonresi" },
+    /*  5 */ { 5, QT_TRANSLATE_NOOP("CT1ComboBox", "Newfoundland And Labrador"), "NL", "LibNewfoundland", "LibNewfoundland_nonresi" },
+    /*  6 */ { 6, QT_TRANSLATE_NOOP("CT1ComboBox", "Nova Scotia"), "NS", "LibNScotia", "LibNScotia_nonresi" },
+    /*  7 */ { 7, QT_TRANSLATE_NOOP("CT1ComboBox", "Northwest Territory"), "NT", "LibNorthwest", "LibNorthwest_nonresi" },
+    /*  8 */ { 8, QT_TRANSLATE_NOOP("CT1ComboBox", "Nunavut"), "NU", "LibNunavut", "LibNunavut_nonresi" },
+    /*  9 */ { 9, QT_TRANSLATE_NOOP("CT1ComboBox", "Ontario"), "ON", "LibOntario", "LibOntario_nonresi" },
+    /* 10 */ { 10, QT_TRANSLATE_NOOP("CT1ComboBox", "Prince Edward Island"), "PE", "LibPEI", "LibPEI_nonresi" },
+    /* 11 */ { 11, QT_TRANSLATE_NOOP("CT1ComboBox", "Quebec"), "QC", nullptr, nullptr },
+    /* 12 */ { 12, QT_TRANSLATE_NOOP("CT1ComboBox", "Saskatchewan"), "SK", "LibSaskatchewan", "LibSaskatchewan_nonresi" },
+    /* 13 */ { 13, QT_TRANSLATE_NOOP("CT1ComboBox", "Yukon Territory"), "YT", "LibYukon", "LibYukon_nonresi" },
+    /* 14 */ { 14, QT_TRANSLATE_NOOP("CT1ComboBox", "Non-Resident"), "OT", nullptr, nullptr },
+    /* 15 */ { 15, QT_TRANSLATE_NOOP("CT1ComboBox", "Non-Resident Under Section 216"), "OT", nullptr, nullptr },
+    /* 16 */ { 16, QT_TRANSLATE_NOOP("CT1ComboBox", "Non-Resident Under Section 217"), "OT", nullptr, nullptr },
+    /* 17 */ { 17, QT_TRANSLATE_NOOP("CT1ComboBox", "Deemed Resident"), "OT", nullptr, nullptr },
 };
 
 // Canada at 1 to 13, then the states at their row of Global_USStates_Info plus 17.
