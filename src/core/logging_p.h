@@ -11,6 +11,7 @@ Q_DECLARE_LOGGING_CATEGORY(lcBedrockHousehold)
 Q_DECLARE_LOGGING_CATEGORY(lcBedrockXml)
 Q_DECLARE_LOGGING_CATEGORY(lcBedrockFiling)
 Q_DECLARE_LOGGING_CATEGORY(lcBedrockNet)
+Q_DECLARE_LOGGING_CATEGORY(lcBedrockPages)
 
 // The template engine's "not defined" line goes to Qt's "default" category:
 // template authors and older tools look for it there.
