@@ -16,8 +16,11 @@ what="${1:-test}"
 jobs="$(nproc 2>/dev/null || echo 2)"
 
 # The widgets are drawn (tests, gallery) with DejaVu, so pictures look alike everywhere.
+# lupdate and lrelease keep and compile the translations; Qt's own French
+# texts (standard buttons) come from qt6-translations-l10n.
 packages=(cmake make g++ pkg-config qt6-base-dev qt6-base-dev-tools libgl-dev
-          libtinyxml-dev libsodium-dev fonts-dejavu-core)
+          libtinyxml-dev libsodium-dev fonts-dejavu-core
+          qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-translations-l10n)
 [ "$what" = bench ] && packages+=(libbenchmark-dev libssl-dev)
 # The network tests make a throwaway certificate and run a real web server of
 # their own on the loopback address.

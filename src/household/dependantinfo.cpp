@@ -79,11 +79,6 @@ CString trimmedName(const char* name)
     return CString(CString(name).trimmed());
 }
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("_OneDependantInfoStru", text);
-}
-
 // The smallest number of bytes one row takes in `version`: what an empty row
 // writes, since every field of the row has a fixed or length-prefixed form.
 qint64 minimumRowBytes(int version)

@@ -5,6 +5,7 @@
 #include "cintfield.h"
 #include "cstringfield.h"
 
+#include <QCoreApplication>
 #include <QDate>
 
 #include <vector>
@@ -36,6 +37,9 @@ LIBBEDROCK_EXPORT extern const _InfirmStru globalInfirms[3];
  * own list and copies values only.
  */
 struct LIBBEDROCK_EXPORT _OneDependantInfoStru {
+    Q_DECLARE_TR_FUNCTIONS(_OneDependantInfoStru)
+
+public:
     _OneDependantInfoStru();
     _OneDependantInfoStru(const _OneDependantInfoStru& other);
     ~_OneDependantInfoStru();
@@ -87,6 +91,9 @@ struct LIBBEDROCK_EXPORT _OneDependantInfoStru {
  * together: set them only through those operations.
  */
 struct LIBBEDROCK_EXPORT DependantInfoStruct {
+    Q_DECLARE_TR_FUNCTIONS(DependantInfoStruct)
+
+public:
     DependantInfoStruct();
     DependantInfoStruct(const DependantInfoStruct& other);
     ~DependantInfoStruct();

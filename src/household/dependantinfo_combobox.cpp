@@ -12,16 +12,12 @@ void DependantInfoStruct::FillComboBox(StyledComboBox* box, const char* firstIte
     // A fill replaces what the box showed: a page refills it when the list changes.
     box->clear();
     if (m_nCount <= 0 || !m_pData) {
-        box->addItem(QCoreApplication::translate("DependantInfoStruct",
-                                                 "No dependant information was entered."));
+        box->addItem(tr("No dependant information was entered."));
         box->setEnabled(false);
         return;
     }
     box->setEnabled(true);
-    box->addItem(
-        firstItem ? QString::fromUtf8(firstItem)
-                  : QCoreApplication::translate("DependantInfoStruct", "Please select a dependant"),
-        0);
+    box->addItem(firstItem ? QString::fromUtf8(firstItem) : tr("Please select a dependant"), 0);
     CString text;
     for (int i = 0; i < m_nCount; ++i) {
         if (m_pData[i].MakeComboBoxString(text))

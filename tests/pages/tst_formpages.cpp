@@ -1,0 +1,477 @@
+// Form pages and worksheet dialogs, driven as a person uses them: boxes typed
+// into and left, ticks, radio buttons, Return, worksheet doors, the dialogs
+// they open and close.
+#include <LibBedrock.h>
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QtTest>
+
+namespace {
+
+template<typename W, typename F, typename X, typename G>
+void bindBox(std::map<QString, W*>& edits, std::map<W*, F*>& fields, X* w, G* f)
+{
+    edits[w->objectName()] = w;
+    fields[w] = f;
+}
+
+template<typename W> W* named(QWidget* parent, const char* name)
+{
+    auto* w = new W(parent);
+    w->setObjectName(QString::fromLatin1(name));
+    parent->layout()->addWidget(w);
+    return w;
+}
+
+struct Fields {
+    CFloatField amount, shown;
+    CBoolField tick, tick10, tick11;
+    CIntField choice, prov;
+    CDateField born;
+    CDateTimeField stamp;
+    CStringField name, shownName, note;
+};
+
+// The worksheet: line 2 is line 1 doubled; it counts its calculations.
+struct Sheet : CWSBaseData {
+    CFloatField line1, line2;
+    CIntField pick;
+    CStringField memo;
+    int calculations = 0;
+    int Calculate() override
+    {
+        ++calculations;
+        line2.m_value = line1.m_value * 2;
+        return 0;
+    }
+};
+
+class SheetPage : public PpgWizardPage
+{
+public:
+    SheetPage(Sheet* sheet, QWidget* parent)
+        : PpgWizardPage(sheet, nullptr, parent)
+        , s(sheet)
+    {
+        setLayout(new QVBoxLayout);
+        line1 = named<DoubleLineEdit>(this, "line1");
+        line2 = named<DoubleLineEdit>(this, "line2");
+        memo = named<QPlainTextEdit>(this, "memo");
+        group = new QButtonGroup(this);
+        group->setObjectName("pick");
+        for (int id : { 1, 2 })
+            group->addButton(named<QRadioButton>(this, id == 1 ? "pick1" : "pick2"), id);
+    }
+    void AssociateFormData() override
+    {
+        bindBox(m_floatEdits, m_floatFields, line1, &s->line1);
+        bindBox(m_shownFloatEdits, m_shownFloatFields, line2, &s->line2);
+        bindBox(m_multiLineEdits, m_multiLineFields, memo, &s->memo);
+        bindBox(m_radioEdits, m_radioFields, group, &s->pick);
+        connect(line1, SIGNAL(editingFinished()), this, SLOT(onFloatEditFinished()));
+        connect(group, SIGNAL(idClicked(int)), this, SLOT(onRadioIdClicked(int)));
+    }
+    Sheet* s;
+    DoubleLineEdit *line1, *line2;
+    QPlainTextEdit* memo;
+    QButtonGroup* group;
+};
+
+class TestPage : public BaseTaxPage
+{
+public:
+    TestPage(CTaxData_Form* form, Fields& fields, QWidget* parent)
+        : BaseTaxPage("  ", form, parent)
+        , f(fields)
+    {
+        setLayout(new QVBoxLayout);
+        amount = named<DoubleLineEdit>(this, "amount");
+        shown = named<DoubleLineEdit>(this, "shown");
+        door = named<DoubleLineEdit>(this, "door");
+        forward = named<DoubleLineEdit>(this, "forward");
+        tick = named<StyledCheckBox>(this, "tick");
+        tick10 = named<StyledCheckBox>(this, "tick10");
+        tick10->setText("0123456789");
+        tick11 = named<StyledCheckBox>(this, "tick11");
+        tick11->setText("0123456789A");
+        group = new QButtonGroup(this);
+        group->setObjectName("choice");
+        for (int id : { 1, 2 })
+            group->addButton(named<QRadioButton>(this, id == 1 ? "choice1" : "choice2"), id);
+        prov = named<CT1ComboBox>(this, "prov");
+        prov->LoadProvs();
+        born = named<StyledDateEdit>(this, "born");
+        stamp = named<StyledDateTimeEdit>(this, "stamp");
+        name = named<QLineEdit>(this, "name");
+        shownName = named<QLineEdit>(this, "shownName");
+        note = named<QPlainTextEdit>(this, "note");
+        door->setAttID(30100);
+        forward->setAttID(31800);
+        m_forwardMap[31800] = 2;
+    }
+    void AssociateFormData() override
+    {
+        bindBox(m_floatEdits, m_floatFields, amount, &f.amount);
+        bindBox(m_shownFloatEdits, m_shownFloatFields, shown, &f.shown);
+        bindBox(m_checkEdits, m_checkFields, tick, &f.tick);
+        bindBox(m_checkEdits, m_checkFields, tick10, &f.tick10);
+        bindBox(m_checkEdits, m_checkFields, tick11, &f.tick11);
+        bindBox(m_radioEdits, m_radioFields, group, &f.choice);
+        bindBox(m_comboEdits, m_comboFields, prov, &f.prov);
+        bindBox(m_dateEdits, m_dateFields, born, &f.born);
+        bindBox(m_dateTimeEdits, m_dateTimeFields, stamp, &f.stamp);
+        bindBox(m_stringEdits, m_stringFields, name, &f.name);
+        bindBox(m_shownStringEdits, m_shownStringFields, shownName, &f.shownName);
+        bindBox(m_multiLineEdits, m_multiLineFields, note, &f.note);
+        connect(amount, SIGNAL(editingFinished()), this, SLOT(onFloatEditFinished()));
+        connect(tick, SIGNAL(stateChanged(int)), this, SLOT(onBoolChanged(int)));
+        connect(group, SIGNAL(idClicked(int)), this, SLOT(onRadioIdClicked(int)));
+        connect(prov, SIGNAL(currentIndexChanged(int)), this, SLOT(onCmbCurIndexChanged(int)));
+        connect(born, SIGNAL(dateChanged(QDate)), this, SLOT(onDateChanged(QDate)));
+        connect(stamp, SIGNAL(dateTimeChanged(QDateTime)), this,
+                SLOT(onDateTimeChanged(QDateTime)));
+        connect(name, SIGNAL(editingFinished()), this, SLOT(onStringEditFinished()));
+        connect(note, SIGNAL(textChanged()), this, SLOT(onMultiLineEditFinished()));
+    }
+    PpgWizardPage* getWorksheetEditDlg(int id, long, QString& title) override
+    {
+        if (id != 30100)
+            return nullptr;
+        openedTitle = title;
+        auto* page = new SheetPage(&sheet, nullptr);
+        page->m_extraWidth = 30;
+        return page;
+    }
+    int getWorksheetEditDlg(int id, long, QString& title, std::list<PpgWizardPage*>& pages) override
+    {
+        openedTitle = title;
+        if (id != 58400)
+            return 0;
+        auto* marie = new SheetPage(&sheet, nullptr);
+        marie->m_tabTitle = "Marie";
+        pages = { nullptr, new SheetPage(&sheet, nullptr), marie };
+        return 3;
+    }
+    Fields& f;
+    Sheet sheet;
+    QString openedTitle;
+    DoubleLineEdit *amount, *shown, *door, *forward;
+    StyledCheckBox *tick, *tick10, *tick11;
+    QButtonGroup* group;
+    CT1ComboBox* prov;
+    StyledDateEdit* born;
+    StyledDateTimeEdit* stamp;
+    QLineEdit *name, *shownName;
+    QPlainTextEdit* note;
+};
+
+// Counts what reaches the application's window: the page's forwarded requests.
+struct Window : QWidget {
+    QList<int> forwarded;
+    bool event(QEvent* e) override
+    {
+        if (auto* fwd = dynamic_cast<EventForwardEdit*>(e))
+            forwarded << fwd->m_value;
+        return QWidget::event(e);
+    }
+};
+
+// Runs `look` on the modal dialog as soon as it is up, then closes it.
+void whenModal(std::function<void(QWidget*)> look)
+{
+    auto* timer = new QTimer;
+    timer->setInterval(5);
+    QObject::connect(timer, &QTimer::timeout, [timer, look] {
+        if (QWidget* modal = QApplication::activeModalWidget()) {
+            timer->stop();
+            timer->deleteLater();
+            look(modal);
+            modal->close();
+        }
+    });
+    timer->start();
+}
+
+CField* const noField = nullptr;
+
+} // namespace
+
+class tst_FormPages : public QObject
+{
+    Q_OBJECT
+
+    CTaxData_Form m_form { ENUMTYPE_FORM(2) };
+    std::unique_ptr<Fields> m_fields;
+    Window m_window;
+    TestPage* m_page = nullptr;
+    QSignalSpy* m_calc = nullptr;
+
+    // signalCalc with a null field: the whole form after a worksheet. (Boxes
+    // that lose the focus to a dialog may finish their own edit first.)
+    int wholeFormCalcs() const
+    {
+        int n = 0;
+        for (const QList<QVariant>& args : *m_calc)
+            n += args.at(1).value<CField*>() == nullptr;
+        return n;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_fields = std::make_unique<Fields>();
+        Fields& f = *m_fields;
+        f.amount.m_value = 10;
+        f.shown.m_value = 20;
+        f.choice.m_value = 2;
+        f.prov.m_value = ENUM_PROV_QC;
+        f.born.m_value = QDate(1950, 6, 1);
+        f.stamp.m_value = QDateTime(QDate(2026, 1, 2), QTime(3, 4));
+        f.name.m_text = "Marie";
+        f.shownName.m_text = "Shown";
+        f.note.m_text = "first note";
+        m_page = new TestPage(&m_form, f, &m_window);
+        if (!m_window.layout())
+            new QVBoxLayout(&m_window);
+        m_window.layout()->addWidget(m_page);
+        m_page->show(); // the window may be up already
+        m_calc = new QSignalSpy(m_page, &BaseTaxPage::signalCalc);
+        m_window.show();
+        m_window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&m_window));
+        m_page->syncData();
+    }
+    void cleanup()
+    {
+        delete m_calc;
+        delete m_page;
+        m_window.forwarded.clear();
+    }
+
+    void showsEveryFieldWithoutWritingBack()
+    {
+        QCOMPARE(m_page->amount->text(), "10.00");
+        QCOMPARE(m_page->shown->text(), "20.00");
+        QCOMPARE(m_page->group->checkedId(), 2);
+        QCOMPARE(m_page->prov->GetCurSelData(), int(ENUM_PROV_QC));
+        QCOMPARE(m_page->born->date(), QDate(1950, 6, 1));
+        QCOMPARE(m_page->stamp->dateTime(), m_fields->stamp.m_value);
+        QCOMPARE(m_page->shownName->text(), "Shown");
+        QCOMPARE(m_page->note->toPlainText(), "first note");
+        // The setters' own change signals reached the handlers during the redraw.
+        QCOMPARE(m_calc->count(), 0);
+        QCOMPARE(m_fields->note.m_text, "first note");
+    }
+
+    void editsReachTheirFields()
+    {
+        m_page->amount->setFocus();
+        m_page->amount->selectAll();
+        QTest::keyClicks(m_page->amount, "1,234.5");
+        QTest::keyClick(m_page->amount, Qt::Key_Tab);
+        QCOMPARE(m_fields->amount.m_value, 1234.5);
+        QCOMPARE(m_calc->count(), 1);
+        QCOMPARE(m_calc->at(0).at(1).value<CField*>(), static_cast<CField*>(&m_fields->amount));
+
+        m_page->tick->setFocus();
+        QTest::keyClick(m_page->tick, Qt::Key_Space);
+        QCOMPARE(m_fields->tick.m_value, 1);
+        m_page->group->button(1)->setFocus();
+        QTest::keyClick(m_page->group->button(1), Qt::Key_Space);
+        QCOMPARE(m_fields->choice.m_value, 1);
+        m_page->prov->setFocus();
+        QTest::keyClick(m_page->prov, Qt::Key_Down);
+        QCOMPARE(m_fields->prov.m_value, int(ENUM_PROV_SK));
+        m_page->born->setDate(QDate(1960, 2, 3));
+        QCOMPARE(m_fields->born.m_value, QDate(1960, 2, 3));
+        QCOMPARE(m_calc->count(), 5);
+
+        m_page->name->setFocus();
+        m_page->name->setText(" Luc ");
+        QTest::keyClick(m_page->name, Qt::Key_Return);
+        QCOMPARE(m_fields->name.m_text, " Luc "); // as typed
+        m_page->PutDataToDoc();
+        QCOMPARE(m_fields->name.m_text, "Luc"); // trimmed in one go
+    }
+
+    void multiLineIsLoadedOnceAndNeverRecalculates()
+    {
+        m_page->note->setFocus();
+        QTest::keyClicks(m_page->note, "!");
+        QCOMPARE(m_fields->note.m_text, "!first note");
+        QCOMPARE(m_calc->count(), 0);
+        m_fields->note.m_text = "from the field";
+        m_page->syncData();
+        QCOMPARE(m_page->note->toPlainText(), "!first note");
+    }
+
+    void radioWithoutButtonShowsNoChoice()
+    {
+        m_fields->choice.m_value = 7;
+        m_page->syncData();
+        QCOMPARE(m_page->group->checkedId(), -1);
+    }
+
+    void checkBoxBoldByLabelLength_data()
+    {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<bool>("bold");
+        QTest::newRow("no label") << "tick" << true;
+        QTest::newRow("10 characters") << "tick10" << false;
+        QTest::newRow("11 characters") << "tick11" << true;
+    }
+    void checkBoxBoldByLabelLength()
+    {
+        QFETCH(QString, box);
+        QFETCH(bool, bold);
+        auto* check = m_page->findChild<StyledCheckBox*>(box);
+        QCOMPARE(check->styleSheet().contains("indicator:!checked"), bold);
+    }
+
+    void returnMovesOnWhenReleased_data()
+    {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<bool>("moves");
+        QTest::newRow("amount box") << "amount" << true;
+        QTest::newRow("date box keeps its releases") << "born" << true;
+        QTest::newRow("multi-line box: a new line") << "note" << false;
+    }
+    void returnMovesOnWhenReleased()
+    {
+        QFETCH(QString, box);
+        QFETCH(bool, moves);
+        m_page->findChild<QWidget*>(box)->setFocus();
+        QWidget* before = QApplication::focusWidget();
+        QTest::keyPress(before, Qt::Key_Return);
+        QCOMPARE(QApplication::focusWidget(), before);
+        QTest::keyRelease(before, Qt::Key_Return);
+        QCOMPARE(QApplication::focusWidget() != before, moves);
+    }
+
+    void forwardedDoorPostsOneRequestUp()
+    {
+        QTest::mouseClick(m_page->forward, Qt::LeftButton);
+        QTRY_COMPARE(m_window.forwarded, QList<int>({ 2 }));
+        QCoreApplication::processEvents();
+        QCOMPARE(m_window.forwarded.size(), 1);
+        QVERIFY(m_page->openedTitle.isEmpty());
+    }
+
+    void doorOpensWorksheetThatRecalculates()
+    {
+        QSize size;
+        QString title;
+        whenModal([&](QWidget* dialog) {
+            size = dialog->size();
+            title = dialog->windowTitle();
+            auto* page = dialog->findChild<SheetPage*>();
+            page->line1->setFocus();
+            QTest::keyClicks(page->line1, "7");
+            QTest::keyClick(page->line1, Qt::Key_Tab);
+        });
+        QTest::mouseClick(m_page->door, Qt::LeftButton);
+        QTRY_COMPARE(wholeFormCalcs(), 1);
+        QCOMPARE(title, "Federal Age Amount Worksheet (30100)");
+        QCOMPARE(size, QSize(800, 640));
+        QCOMPARE(m_page->sheet.line2.m_value, 14.0);
+    }
+
+    void dependantWorksheetOpensInTabs()
+    {
+        QStringList tabs;
+        whenModal([&](QWidget* dialog) {
+            auto* tabWidget = dialog->findChild<QTabWidget*>("tabWgt1");
+            for (int i = 0; i < tabWidget->count(); ++i)
+                tabs << tabWidget->tabText(i);
+        });
+        QCoreApplication::postEvent(m_page, new EventNeedWorksheet(58400));
+        QTRY_COMPARE(wholeFormCalcs(), 1);
+        QCOMPARE(tabs, QStringList({ "Dependant 2", "Marie" }));
+        QCOMPARE(m_page->openedTitle, "Caregiver Amount (58400)");
+    }
+
+    void titlesAndTooltips()
+    {
+        QCOMPARE(m_page->getTitle(), "Page 0");
+        QString title = "kept";
+        QCOMPARE(m_page->getWSDefaultTitle(12345, title), 0);
+        QCOMPARE(title, "kept");
+        QCOMPARE(m_page->getTooltip(31800),
+                 QString("Calculated from tax form [%1]").arg(Global_Forms_Info[2].shortName));
+        QCOMPARE(m_page->getTooltip(30100), "Press key or mouse to open worksheet");
+    }
+
+    void focusOnAForwardBoxTellsWhere()
+    {
+        auto* box = m_page->amount;
+        box->setWorksheetType(3);
+        QString text;
+        whenModal([&](QWidget* dialog) { text = static_cast<QMessageBox*>(dialog)->text(); });
+        m_page->onFocussed(true, box);
+        QCOMPARE(text, "field"); // "to field" past its third character
+        QCOMPARE(m_page->m_lastFocused, box);
+        m_page->onFocussed(true, box); // the same box again clears, says nothing
+        QCOMPARE(m_page->m_lastFocused, static_cast<StringLineEdit*>(nullptr));
+    }
+
+    void worksheetPageRecalculatesOnceAndRedraws()
+    {
+        Sheet sheet;
+        sheet.line1.m_value = 1;
+        sheet.pick.m_value = 2;
+        WizardBase wizard(nullptr, "t");
+        auto* page = new SheetPage(&sheet, nullptr);
+        wizard.addPage(page);
+        wizard.initUI(400, 300);
+        QCOMPARE(page->line2->text(), "2.00");
+        sheet.calculations = 0;
+        page->memo->document()->setPlainText("typed");
+        page->memo->document()->setUndoRedoEnabled(true);
+        page->line1->setText("5");
+        Q_EMIT page->line1->editingFinished();
+        QCOMPARE(sheet.calculations, 1);
+        QCOMPARE(page->line2->text(), "10.00");
+        QVERIFY(!page->memo->document()->isUndoAvailable()); // set again from its field
+        sheet.pick.m_value = 9;
+        page->GetDataFromDoc();
+        QCOMPARE(page->group->checkedId(), 2); // no button 9: the old choice stays
+        page->line1->setText(" 3 ");
+        QVERIFY(page->validatePage());
+        QCOMPARE(sheet.line1.m_value, 3.0);
+    }
+
+    void baseWorksheetPageAsksTheFormPage()
+    {
+        Sheet sheet;
+        struct Page : BaseWorksheetPage {
+            using BaseWorksheetPage::BaseWorksheetPage;
+        } page(&sheet, &m_form, m_page);
+        page.GetDataFromDoc();
+        QCOMPARE(sheet.calculations, 0);
+        QCOMPARE(m_calc->count(), 1);
+        QCOMPARE(m_calc->at(0).at(1).value<CField*>(), noField);
+    }
+
+    void scrollArea()
+    {
+        auto* content = new QWidget;
+        ScrollTaxForm area("#f4f4ff", nullptr, content);
+        QCOMPARE(area.getCtntWgt(), content);
+        QCOMPARE(area.widget(), content);
+        QVERIFY(area.widgetResizable());
+        QCOMPARE(area.styleSheet(), "background:#f4f4ff");
+        QCOMPARE(area.verticalScrollBar()->styleSheet(), "background: #e0e0e0;");
+        area.setBKColor("red");
+        QCOMPARE(area.m_bkColor, "red");
+    }
+};
+
+QTEST_MAIN(tst_FormPages)
+#include "tst_formpages.moc"
