@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <QLocale>
+#include <QSignalBlocker>
 #include <QWheelEvent>
 
 namespace {
@@ -134,10 +135,8 @@ CustomNullDateEdit::CustomNullDateEdit(QString const& format, QWidget* parent)
 void CustomNullDateEdit::trackUserDates()
 {
     connect(this, &QDateTimeEdit::dateChanged, this, [this] {
-        if (!m_writingNullText) {
-            m_hasDate = true;
-            m_date = QDateEdit::date();
-        }
+        m_hasDate = true;
+        m_date = QDateEdit::date();
     });
 }
 
@@ -169,10 +168,10 @@ QString CustomNullDateEdit::text() const
 void CustomNullDateEdit::updateDisplay()
 {
     if (!m_hasDate && lineEdit()->text() != s_nullDateText) {
-        // The base reads the new text and may move its value; that is not the user's date.
-        m_writingNullText = true;
+        // Unheard by the base: it would read the text back, find no date in it and
+        // draw its own date over it (and move its stored date on the way).
+        const QSignalBlocker quiet(lineEdit());
         lineEdit()->setText(s_nullDateText);
-        m_writingNullText = false;
     }
 }
 

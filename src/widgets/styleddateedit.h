@@ -84,6 +84,4 @@ protected:
 
 private:
     void trackUserDates();
-
-    bool m_writingNullText = false;
 };
