@@ -1,0 +1,399 @@
+// The standard worksheet pages, opened in their dialog and used as a person
+// does: amounts typed and left, ticks, a dependant chosen, Finish.
+#include <LibBedrock.h>
+
+#include <QtTest>
+
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace {
+
+enum Kind { Self58440, Transfer58480, Tuition58600, Adoption, Age, Caregiver, InfirmDep, Spouse };
+enum Act { Type, Tick, Choose };
+const char* const kindNames[]
+    = { "58440", "58480", "58600", "adoption", "age", "caregiver", "infirm", "spouse" };
+
+// The pages whose numbers come from the form page behind them.
+bool viaForm(Kind kind)
+{
+    return kind == Tuition58600 || kind == Adoption || kind == InfirmDep;
+}
+
+// Counts the sheet's own calculations; a frozen sheet keeps the values a test set.
+struct Counter {
+    int calculations = 0;
+    bool frozen = false;
+};
+
+template<typename D> struct Counted : D, Counter {
+    int Calculate() override
+    {
+        ++calculations;
+        return frozen ? 0 : D::Calculate();
+    }
+};
+
+double valueOf(CField* field)
+{
+    if (auto* f = dynamic_cast<CFloatField*>(field))
+        return f->m_value;
+    if (auto* f = dynamic_cast<CIntField*>(field))
+        return f->m_value;
+    auto* f = dynamic_cast<CBoolField*>(field);
+    return f ? f->m_value : 0.0;
+}
+
+QString shown(double value)
+{
+    return QString::number(value, 'f', 2);
+}
+
+// A page over sample figures, with two dependants: a child and an adult.
+struct Sheet {
+    explicit Sheet(Kind kind)
+    {
+        deps.AllocData(2);
+        const char* names[] = { "Anna", "Louis" };
+        const int years[] = { 2012, 1950 };
+        const double incomes[] = { 1234.5, 9876.54 };
+        for (int i = 0; i < 2; ++i) {
+            std::strcpy(deps.m_pData[i].m_FirstName, names[i]);
+            deps.m_pData[i].m_BirthDate = QDate(years[i], 3, 4);
+            deps.m_pData[i].m_NetIncome = incomes[i];
+        }
+        build(kind);
+        QObject::connect(&form, &BaseTaxPage::signalCalc, [this] {
+            if (formCalc && !counter->frozen)
+                formCalc();
+        });
+    }
+
+    template<typename P, typename D, typename Parent> D* make(Parent parent)
+    {
+        auto* d = new Counted<D>;
+        data.reset(d);
+        counter = d;
+        page = new P(d, nullptr, parent);
+        return d;
+    }
+
+    void build(Kind kind)
+    {
+        QWidget* none = nullptr;
+        if (kind == Self58440) {
+            auto* d = make<WS58440_DisabilitySelf_tab1, CWSDisabilityAmtData>(none);
+            d->SetF5844Parameter(5758, 3373, true);
+            d->fld_ws5844_claim.m_value = 1;
+            d->fld_ws5844_2.m_value = 4500;
+        } else if (kind == Transfer58480) {
+            auto* d = make<WS58480_DisabilityDepTransfer_tab1, CWSDisabilityTransferAmtData>(none);
+            d->m_pDepInfo = &deps;
+            d->DepIdx.m_value = 1;
+            d->SetF5848Parameter(9428, 5758, 3373);
+            d->fld_Line3ChldCareExp.m_value = 4200;
+            d->fld_4.m_value = 12000;
+            d->DepTaxInc.m_value = 15000;
+        } else if (kind == Tuition58600) {
+            auto* d = make<WS58600_tab1, DataWS58600>(&form);
+            d->fld_5860.m_value = 5000;
+            // The form pro-rates by three quarters, as an application's would.
+            formCalc = [d] { d->Calculate(0.75); };
+        } else if (kind == Adoption) {
+            auto* d = make<WSAdoptionExpense_tab1, DataWSAdoptionExpense>(&form);
+            d->fld_Adopt_ExpAmt_1.m_value = 12000;
+            d->fld_Adopt_ExpAmt_2.m_value = 3456.78;
+        } else if (kind == Age) {
+            auto* d = make<WSAgeAmount_tab1, CWSAgeAmtData>(none);
+            d->SetAgeParameter(9028, 45522, 0.15, 365, 365, true, 61234.56);
+            // Its lines are on no list; the test lists them to read them by name.
+            int n = 0;
+            for (CFloatField* line : { &d->AgeLine1, &d->AgeLine2, &d->AgeLine3, &d->AgeLine4,
+                                       &d->AgeLine5, &d->AgeLine6, &d->AgeLine7 }) {
+                line->m_name = "AgeLine" + std::to_string(++n);
+                d->m_fields.push_back(line);
+            }
+        } else if (kind == Caregiver) {
+            auto* d = make<WSCaregiverAmt_Dep, CWSCaregiverAmtData>(none);
+            d->m_pDepInfo = &deps;
+            d->DepIdx.m_value = 2;
+            d->SetParameter(21000, 5615, 2, 800);
+        } else {
+            auto* d = kind == Spouse ? make<WSInfirmDepAmt_SpouseDep, CWSInfirmDepAmtData>(none)
+                                     : make<WSInfirmDepAmt_Dep, CWSInfirmDepAmtData>(&form);
+            d->m_pDepInfo = &deps;
+            d->DepIdx.m_value = 2;
+            d->SetParameterAndF5816Info(12000, 5615, 2, 800);
+            // Called past the counter: only the page's own calculations count.
+            formCalc = [d] { d->CWSInfirmDepAmtData::Calculate(); };
+            formCalc();
+        }
+    }
+
+    void open()
+    {
+        wizard.addPage(page);
+        wizard.initUI(770, 640);
+        wizard.show();
+        QApplication::setActiveWindow(&wizard);
+        QVERIFY(QTest::qWaitForWindowActive(&wizard));
+        counter->calculations = 0;
+        calc.clear();
+    }
+
+    std::map<QString, double> values()
+    {
+        std::map<QString, double> all;
+        for (CField* f : data->m_fields)
+            all[QString::fromStdString(f->m_name)] = valueOf(f);
+        return all;
+    }
+
+    template<typename W = QWidget> W* box(const QString& name) { return page->findChild<W*>(name); }
+
+    // Types over what the box shows; Tab then leaves it. Leaving the box that
+    // had the focus before is an edit of its own, so counting starts here.
+    void type(const QString& name, const QString& text, bool leave)
+    {
+        auto* edit = box<QLineEdit>(name);
+        edit->setFocus();
+        counter->calculations = 0;
+        calc.clear();
+        QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(edit, text);
+        if (leave)
+            QTest::keyClick(edit, Qt::Key_Tab);
+    }
+
+    DependantInfoStruct deps;
+    BaseTaxPage form { 1, nullptr, nullptr };
+    std::function<void()> formCalc;
+    std::unique_ptr<CWSBaseData> data;
+    Counter* counter = nullptr;
+    WizardBase wizard { nullptr, QStringLiteral("worksheet") };
+    QSignalSpy calc { &form, &BaseTaxPage::signalCalc };
+    PpgWizardPage* page = nullptr;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Kind)
+Q_DECLARE_METATYPE(Act)
+
+class tst_WorksheetPages : public QObject
+{
+    Q_OBJECT
+private slots:
+    // Each amount box shows the field of its line; only the typed lines are open.
+    void boxesShowTheirLines_data()
+    {
+        QTest::addColumn<Kind>("kind");
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("field"); // empty: bound to nothing
+        QTest::addColumn<bool>("editable");
+        // clang-format off
+        const struct { Kind kind; const char* box; const char* field; bool editable; } rows[] = {
+            { Self58440, "fld_ws5844_1", "fld_ws5844_1", false },
+            { Self58440, "fld_ws5844_2", "fld_ws5844_2", true },
+            { Self58440, "fld_ws5844_3", "fld_ws5844_3", true },
+            { Self58440, "fld_ws5844_4", "fld_ws5844_4", false },
+            { Self58440, "fld_ws5844_4_1", "fld_ws5844_4", false },
+            { Self58440, "fld_ws5844_5", "fld_ws5844_5", false },
+            { Transfer58480, "fld_BaseAmount", "fld_BaseAmount", true },
+            { Transfer58480, "fld_Line2Max", "fld_Line2Max", true },
+            { Transfer58480, "fld_Line3ChldCareExp", "fld_Line3ChldCareExp", true },
+            { Transfer58480, "fld_Line4ExpBase", "fld_Line4ExpBase", true },
+            { Transfer58480, "fld_Line5CareExpAfter", "fld_Line5CareExpAfter", false },
+            { Transfer58480, "fld_Line5CareExpAfter_1", "fld_Line5CareExpAfter", false },
+            { Transfer58480, "fld_Line6AmtUnder18", "fld_Line6AmtUnder18", true },
+            { Transfer58480, "fld_2", "fld_2", true },
+            { Transfer58480, "fld_Line8", "fld_Line8", true },
+            { Transfer58480, "fld_4", "fld_4", true },
+            { Transfer58480, "Amt09FromFedProvTax", "", false },
+            { Transfer58480, "fld_5", "fld_5", true },
+            { Transfer58480, "DepTaxInc", "DepTaxInc", true },
+            { Transfer58480, "fld_7", "fld_7", true },
+            { Transfer58480, "fld_claim", "fld_claim", true },
+            { Tuition58600, "fld_5860", "fld_5860", true },
+            { Tuition58600, "fld_claim", "fld_claim", false },
+            { Adoption, "fld_Adopt_ExpAmt_1", "fld_Adopt_ExpAmt_1", true },
+            { Adoption, "fld_Adopt_ExpAmt_2", "fld_Adopt_ExpAmt_2", true },
+            { Adoption, "fld_Adopt_ExpAmt_3", "fld_Adopt_ExpAmt_3", true },
+            { Adoption, "fld_Adopt_ExpAmt_4", "fld_Adopt_ExpAmt_4", true },
+            { Adoption, "fld_Adopt_ExpAmt_5", "fld_Adopt_ExpAmt_5", true },
+            { Adoption, "fld_Adopt_ExpAmt_6", "fld_Adopt_ExpAmt_6", true },
+            { Age, "fld_ws5808_1", "AgeLine1", false },
+            { Age, "fld_ws5808_2", "AgeLine2", false },
+            { Age, "fld_ws5808_3", "AgeLine3", false },
+            { Age, "fld_ws5808_4", "AgeLine4", false },
+            { Age, "fld_ws5808_5", "AgeLine5", false },
+            { Age, "fld_ws5808_6", "AgeLine6", false },
+            { Age, "fld_ws5808_7", "AgeLine7", false },
+            { Caregiver, "fld_BaseAmount", "BaseAmount", false },
+            { Caregiver, "fld_DepNetInc", "DepNetInc", false },
+            { Caregiver, "fld_3", "fld_3", false },
+            { Caregiver, "fld_4", "fld_4", false },
+            { Caregiver, "fld_AmountClaim", "AmountClaim", true },
+            { InfirmDep, "fld_BaseAmount", "BaseAmount", false },
+            { InfirmDep, "fld_DepNetInc", "DepNetInc", false },
+            { InfirmDep, "fld_3", "fld_3", false },
+            { InfirmDep, "fld_4", "fld_4", false },
+            { InfirmDep, "fld_AmountClaim", "AmountClaim", false },
+            { Spouse, "fld_BaseAmount", "BaseAmount", false },
+            { Spouse, "fld_DepNetInc", "DepNetInc", false },
+            { Spouse, "fld_3", "fld_3", false },
+            { Spouse, "fld_4", "fld_4", false },
+            { Spouse, "fld_AmountClaim", "AmountClaim", false },
+        };
+        // clang-format on
+        for (const auto& r : rows)
+            QTest::addRow("%s %s", kindNames[r.kind], r.box)
+                << r.kind << QString::fromLatin1(r.box) << QString::fromLatin1(r.field)
+                << r.editable;
+    }
+    void boxesShowTheirLines()
+    {
+        QFETCH(Kind, kind);
+        QFETCH(QString, box);
+        QFETCH(QString, field);
+        QFETCH(bool, editable);
+        Sheet s(kind);
+        s.counter->frozen = true;
+        double value = 100;
+        for (CField* f : s.data->m_fields) {
+            if (auto* amount = dynamic_cast<CFloatField*>(f))
+                amount->m_value = value += 11.11;
+        }
+        const auto values = s.values();
+        s.open();
+        auto* edit = s.box<QLineEdit>(box);
+        QCOMPARE(edit->text(), field.isEmpty() ? QString() : shown(values.at(field)));
+        QCOMPARE(!edit->isReadOnly(), editable);
+    }
+
+    // One change: the value reaches its field, the sheet is worked out once
+    // (or the form behind it is asked, with no field), and the page is redrawn.
+    void changes_data()
+    {
+        QTest::addColumn<Kind>("kind");
+        QTest::addColumn<Act>("act");
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("input");
+        QTest::addColumn<QString>("field"); // empty: no field changes
+        QTest::addColumn<double>("value");
+        QTest::addColumn<QString>("other");
+        QTest::addColumn<QString>("otherText");
+        // clang-format off
+        QTest::newRow("58440 line 2 under the base: line 4 is 0") << Self58440 << Type << "fld_ws5844_2" << "3000" << "fld_ws5844_2" << 3000.0 << "fld_ws5844_5" << "5758.00";
+        QTest::newRow("58440 negative line 2 shows the sheet's 0") << Self58440 << Type << "fld_ws5844_2" << "-10" << "fld_ws5844_2" << 0.0 << "fld_ws5844_2" << "0.00";
+        QTest::newRow("58440 line 4 carried to the outer column") << Self58440 << Type << "fld_ws5844_3" << "4000" << "fld_ws5844_3" << 4000.0 << "fld_ws5844_4_1" << "500.00";
+        QTest::newRow("58440 untick: no supplement") << Self58440 << Tick << "fld_ws5844_claim" << "" << "fld_ws5844_claim" << 0.0 << "fld_ws5844_5" << "0.00";
+        QTest::newRow("58440 calculated line 4 takes no typing") << Self58440 << Type << "fld_ws5844_4" << "9" << "" << 0.0 << "fld_ws5844_4" << "1127.00";
+        QTest::newRow("58480 line 5 carried to the outer column") << Transfer58480 << Type << "fld_Line3ChldCareExp" << "5000" << "fld_Line3ChldCareExp" << 5000.0 << "fld_Line5CareExpAfter_1" << "1627.00";
+        QTest::newRow("58480 taxable income lowers the claim") << Transfer58480 << Type << "DepTaxInc" << "20000" << "DepTaxInc" << 20000.0 << "fld_claim" << "6359.00";
+        QTest::newRow("58480 line 9 of 0") << Transfer58480 << Type << "fld_4" << "0" << "fld_4" << 0.0 << "fld_7" << "0.00";
+        QTest::newRow("58480 overwrite ticked") << Transfer58480 << Tick << "fld_overwrite" << "" << "fld_overwrite" << 1.0 << "fld_claim" << "11359.00";
+        QTest::newRow("58480 last dependant, an adult: no line 6") << Transfer58480 << Choose << "DepIdx" << "2" << "DepIdx" << 2.0 << "fld_Line8" << "9428.00";
+        QTest::newRow("58480 nobody chosen: no claim") << Transfer58480 << Choose << "DepIdx" << "0" << "DepIdx" << 0.0 << "fld_claim" << "0.00";
+        QTest::newRow("58480 unbound line 9 box") << Transfer58480 << Type << "Amt09FromFedProvTax" << "777" << "" << 0.0 << "fld_4" << "12000.00";
+        QTest::newRow("58600 total pro-rated by the form") << Tuition58600 << Type << "fld_5860" << "8000" << "fld_5860" << 8000.0 << "fld_claim" << "6000.00";
+        QTest::newRow("58600 calculated claim takes no typing") << Tuition58600 << Type << "fld_claim" << "1" << "" << 0.0 << "fld_claim" << "3750.00";
+        QTest::newRow("adoption first child: negative kept, no Calculate") << Adoption << Type << "fld_Adopt_ExpAmt_1" << "-5" << "fld_Adopt_ExpAmt_1" << -5.0 << "fld_Adopt_ExpAmt_1" << "-5.00";
+        QTest::newRow("adoption sixth child") << Adoption << Type << "fld_Adopt_ExpAmt_6" << "250" << "fld_Adopt_ExpAmt_6" << 250.0 << "fld_Adopt_ExpAmt_2" << "3456.78";
+        QTest::newRow("age: worked out when opened, takes no typing") << Age << Type << "fld_ws5808_2" << "1" << "" << 0.0 << "fld_ws5808_7" << "6671.12";
+        QTest::newRow("caregiver first dependant") << Caregiver << Choose << "DepIdx" << "1" << "DepIdx" << 1.0 << "fld_DepNetInc" << "1234.50";
+        QTest::newRow("caregiver nobody chosen") << Caregiver << Choose << "DepIdx" << "0" << "DepIdx" << 0.0 << "fld_AmountClaim" << "0.00";
+        QTest::newRow("caregiver overwrite ticked") << Caregiver << Tick << "fld_bOverwrite" << "" << "bOverwrite" << 1.0 << "fld_AmountClaim" << "4815.00";
+        QTest::newRow("caregiver claim without overwrite is recalculated") << Caregiver << Type << "fld_AmountClaim" << "1000" << "AmountClaim" << 4815.0 << "fld_AmountClaim" << "4815.00";
+        QTest::newRow("infirm first dependant, via the form") << InfirmDep << Choose << "DepIdx" << "1" << "DepIdx" << 1.0 << "fld_DepNetInc" << "1234.50";
+        QTest::newRow("infirm nobody chosen, via the form") << InfirmDep << Choose << "DepIdx" << "0" << "DepIdx" << 0.0 << "fld_AmountClaim" << "0.00";
+        QTest::newRow("infirm claim takes no typing") << InfirmDep << Type << "fld_AmountClaim" << "1" << "" << 0.0 << "fld_AmountClaim" << "1323.46";
+        QTest::newRow("spouse claim takes no typing") << Spouse << Type << "fld_AmountClaim" << "1" << "" << 0.0 << "fld_AmountClaim" << "1323.46";
+        // clang-format on
+    }
+    void changes()
+    {
+        QFETCH(Kind, kind);
+        QFETCH(Act, act);
+        QFETCH(QString, box);
+        QFETCH(QString, input);
+        QFETCH(QString, field);
+        QFETCH(double, value);
+        QFETCH(QString, other);
+        QFETCH(QString, otherText);
+        Sheet s(kind);
+        s.open();
+        const auto before = s.values();
+        QWidget* w = s.box(box);
+        if (act == Type)
+            s.type(box, input, true);
+        else if (act == Tick)
+            QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(8, w->height() / 2));
+        else
+            qobject_cast<QComboBox*>(w)->setCurrentIndex(input.toInt());
+        const bool changed = !field.isEmpty();
+        if (changed)
+            QCOMPARE(s.values().at(field), value);
+        else
+            QCOMPARE(s.values(), before);
+        QCOMPARE(s.box<QLineEdit>(other)->text(), otherText);
+        QCOMPARE(s.counter->calculations, changed && !viaForm(kind) ? 1 : 0);
+        QCOMPARE(s.calc.count(), changed && viaForm(kind) ? 1 : 0);
+        if (s.calc.count())
+            QCOMPARE(s.calc.at(0).at(1).value<CField*>(), nullptr);
+        // Every bound widget shows its field again, the shown-only ones too.
+        PpgWizardPage* p = s.page;
+        for (auto* fields : { &p->m_floatFields, &p->m_shownFloatFields }) {
+            for (auto& [edit, f] : *fields)
+                QCOMPARE(edit->text(), shown(f->m_value));
+        }
+        for (auto& [check, f] : p->m_checkFields)
+            QCOMPARE(check->isChecked(), valueOf(f) != 0);
+        for (auto& [combo, f] : p->m_comboFields)
+            QCOMPARE(combo->currentData().toInt(), int(valueOf(f)));
+    }
+
+    // Typed but not left: nothing is stored or worked out, the adoption total
+    // included. Leaving stores it (editingFinished); Finish does not, since
+    // the handlers have written everything already.
+    void typedNotLeft_data()
+    {
+        QTest::addColumn<Kind>("kind");
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<bool>("finish"); // else Tab
+        QTest::newRow("adoption first child, left") << Adoption << "fld_Adopt_ExpAmt_1" << false;
+        QTest::newRow("adoption sixth child, left") << Adoption << "fld_Adopt_ExpAmt_6" << false;
+        QTest::newRow("58600 total, left") << Tuition58600 << "fld_5860" << false;
+        QTest::newRow("58440 base amount, left") << Self58440 << "fld_ws5844_3" << false;
+        QTest::newRow("58480 taxable income, left") << Transfer58480 << "DepTaxInc" << false;
+        QTest::newRow("58440, Finish") << Self58440 << "fld_ws5844_2" << true;
+        QTest::newRow("58480, Finish") << Transfer58480 << "DepTaxInc" << true;
+        QTest::newRow("58600, Finish") << Tuition58600 << "fld_5860" << true;
+        QTest::newRow("adoption, Finish") << Adoption << "fld_Adopt_ExpAmt_3" << true;
+        QTest::newRow("caregiver, Finish") << Caregiver << "fld_AmountClaim" << true;
+    }
+    void typedNotLeft()
+    {
+        QFETCH(Kind, kind);
+        QFETCH(QString, box);
+        QFETCH(bool, finish);
+        Sheet s(kind);
+        s.open();
+        const auto before = s.values();
+        s.type(box, QStringLiteral("321"), false);
+        if (kind == Adoption)
+            QCOMPARE(static_cast<DataWSAdoptionExpense*>(s.data.get())->CalcResult(1e9), 15456.78);
+        QCOMPARE(s.values(), before);
+        if (finish)
+            QVERIFY(s.wizard.validateCurrentPage());
+        else
+            QTest::keyClick(s.box(box), Qt::Key_Tab);
+        QCOMPARE(s.values() == before, finish);
+        QCOMPARE(s.counter->calculations + s.calc.count(), finish ? 0 : 1);
+    }
+};
+
+QTEST_MAIN(tst_WorksheetPages)
+#include "tst_worksheetpages.moc"
