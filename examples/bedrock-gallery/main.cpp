@@ -1,6 +1,8 @@
-// Gallery of the library's input widgets, each in the states a person meets on
-// a form page. It writes one PNG per widget and one of the whole panel into the
-// folder it is given, so the pictures of the README can be made again at will:
+// Gallery of the library's interface: the input widgets, each in the states a
+// person meets on a form page, and the worksheet pages over sample figures in
+// the dialogs that open them, in English and in French. It writes one PNG per
+// widget, one of the whole widget panel and one per worksheet and language into
+// the folder it is given, so the pictures of the README can be made again:
 //
 //   bedrock-gallery DIR
 //
@@ -13,6 +15,9 @@
 #include <QLabel>
 #include <QTextStream>
 
+#include <cstring>
+#include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -64,6 +69,157 @@ void hover(QWidget* w)
 {
     w->setAttribute(Qt::WA_UnderMouse, true);
 }
+
+// Two dependants, as a household of the sample figures has them.
+void fillHousehold(DependantInfoStruct& deps)
+{
+    deps.AllocData(2);
+    const char* first[] = { "Anna", "Louis" };
+    const char* last[] = { "Tremblay", "Gagnon" };
+    const int years[] = { 2012, 1950 };
+    const int relations[] = { 1, 2 };
+    const double incomes[] = { 1234.5, 9876.54 };
+    for (int i = 0; i < 2; ++i) {
+        std::strcpy(deps.m_pData[i].m_FirstName, first[i]);
+        std::strcpy(deps.m_pData[i].m_LastName, last[i]);
+        deps.m_pData[i].m_BirthDate = QDate(years[i], 3, 4);
+        deps.m_pData[i].m_Relation = relations[i];
+        deps.m_pData[i].m_NetIncome = incomes[i];
+    }
+    deps.m_pData[1].fld_Infirm = 1;
+}
+
+// The worksheets over sample figures, each opened as a form page opens it: a
+// one-page dialog, or the dependants' tabbed dialog. `suffix` names the language.
+class WorksheetShots
+{
+public:
+    WorksheetShots(const QDir& dir, const QString& suffix)
+        : m_dir(dir)
+        , m_suffix(suffix)
+        , m_form(ENUMTYPE_FORM(2))
+        , m_formPage(1, &m_form, nullptr)
+    {
+        fillHousehold(m_deps);
+    }
+
+    int run()
+    {
+        auto* self = keep(new CWSDisabilityAmtData);
+        self->SetF5844Parameter(5758, 3373, true);
+        self->fld_ws5844_claim = 1;
+        self->fld_ws5844_2 = 4500;
+        oneTab(QStringLiteral("ws-58440"), 58440,
+               new WS58440_DisabilitySelf_tab1(self, &m_form, nullptr));
+
+        auto* transfer = keep(new CWSDisabilityTransferAmtData);
+        transfer->m_pDepInfo = &m_deps;
+        transfer->DepIdx = 1;
+        transfer->SetF5848Parameter(9428, 5758, 3373);
+        transfer->fld_Line3ChldCareExp = 4200;
+        transfer->fld_4 = 12000;
+        transfer->DepTaxInc = 15000;
+        oneTab(QStringLiteral("ws-58480"), 58480,
+               new WS58480_DisabilityDepTransfer_tab1(transfer, &m_form, nullptr));
+
+        auto* tuition = keep(new DataWS58600);
+        tuition->fld_5860 = 5000;
+        tuition->Calculate(1.0);
+        oneTab(QStringLiteral("ws-58600"), 58600, new WS58600_tab1(tuition, &m_form, &m_formPage));
+
+        auto* adoption = keep(new DataWSAdoptionExpense);
+        adoption->fld_Adopt_ExpAmt_1 = 12000;
+        adoption->fld_Adopt_ExpAmt_2 = 3456.78;
+        oneTab(QStringLiteral("ws-adoption"), 58330,
+               new WSAdoptionExpense_tab1(adoption, &m_form, &m_formPage));
+
+        auto* age = keep(new CWSAgeAmtData);
+        age->SetAgeParameter(9028, 45522, 0.15, 365, 365, true, 61234.56);
+        oneTab(QStringLiteral("ws-age"), 30100, new WSAgeAmount_tab1(age, &m_form, nullptr));
+
+        auto* spouse = keep(new CWSInfirmDepAmtData);
+        spouse->m_pDepInfo = &m_deps;
+        spouse->DepIdx = 2;
+        spouse->SetParameterAndF5816Info(12000, 5615, 0, 0);
+        oneTab(QStringLiteral("ws-infirm-spouse"), 58200,
+               new WSInfirmDepAmt_SpouseDep(spouse, &m_form, nullptr));
+
+        // One tab a dependant, each over its own data.
+        std::list<PpgWizardPage*> carers;
+        for (int dep = 1; dep <= 2; ++dep) {
+            auto* carer = keep(new CWSCaregiverAmtData);
+            carer->m_pDepInfo = &m_deps;
+            carer->DepIdx = dep;
+            carer->SetParameter(21000, 5615, 0, 0);
+            carers.push_back(new WSCaregiverAmt_Dep(carer, &m_form, nullptr));
+        }
+        tabs(QStringLiteral("ws-caregiver"), 58400, carers);
+
+        std::list<PpgWizardPage*> infirm;
+        for (int dep = 1; dep <= 2; ++dep) {
+            auto* data = keep(new CWSInfirmDepAmtData);
+            data->m_pDepInfo = &m_deps;
+            data->DepIdx = dep;
+            data->SetParameterAndF5816Info(12000, 5615, 0, 0);
+            data->Calculate();
+            infirm.push_back(new WSInfirmDepAmt_Dep(data, &m_form, &m_formPage));
+        }
+        tabs(QStringLiteral("ws-infirm"), 58200, infirm);
+        return m_failures;
+    }
+
+private:
+    template<typename D> D* keep(D* data)
+    {
+        m_data.emplace_back(data);
+        return data;
+    }
+
+    QString title(int id)
+    {
+        QString t;
+        m_formPage.getWSDefaultTitle(id, t);
+        return t;
+    }
+
+    // As the form page opens a one-page worksheet.
+    void oneTab(const QString& name, int id, PpgWizardPage* page)
+    {
+        WizardBase wizard(nullptr, title(id));
+        wizard.setWizardStyle(QWizard::ClassicStyle);
+        wizard.addPage(page);
+        wizard.setOptions(QWizard::NoBackButtonOnStartPage | QWizard::NoCancelButton);
+        wizard.initUI(770 + page->m_extraWidth, 640 + page->m_extraHeight);
+        save(&wizard, name);
+    }
+
+    void tabs(const QString& name, int id, std::list<PpgWizardPage*>& pages)
+    {
+        WSMultiDepDlg dialog(title(id), pages, nullptr);
+        dialog.initUI(770, 640);
+        dialog.afterCreateUI();
+        save(&dialog, name);
+    }
+
+    void save(QWidget* window, const QString& name)
+    {
+        window->show();
+        QApplication::processEvents();
+        const QString path = m_dir.filePath(name + m_suffix + QStringLiteral(".png"));
+        if (!window->grab().save(path)) {
+            QTextStream(stderr) << "cannot write " << path << '\n';
+            ++m_failures;
+        }
+    }
+
+    QDir m_dir;
+    QString m_suffix;
+    CTaxData_Form m_form;
+    BaseTaxPage m_formPage;
+    DependantInfoStruct m_deps;
+    std::vector<std::unique_ptr<CWSBaseData>> m_data;
+    int m_failures = 0;
+};
 
 } // namespace
 
@@ -172,5 +328,13 @@ int main(int argc, char** argv)
     for (const Shot& shot : panel.shots())
         save(shot.widget, shot.file);
     save(&panel, QStringLiteral("panel.png"));
+
+    failures += WorksheetShots(dir, QStringLiteral("-en")).run();
+    // The same worksheets as a French-speaking user sees them.
+    if (!installLibBedrockTranslator(QLocale(QLocale::French, QLocale::Canada))) {
+        err << "no French translation\n";
+        ++failures;
+    }
+    failures += WorksheetShots(dir, QStringLiteral("-fr")).run();
     return failures == 0 ? 0 : 1;
 }

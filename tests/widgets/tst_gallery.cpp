@@ -1,4 +1,4 @@
-// The widget gallery writes every picture it promises, and none is blank.
+// The gallery writes every picture it promises, and none is blank.
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -34,6 +34,13 @@ private Q_SLOTS:
                "date-blank.png", "date-set.png", "nulldate-blank.png", "nulldate-set.png",
                "datetime-set.png", "check-plain.png", "check-bold.png" })
             QTest::newRow(file) << QString::fromLatin1(file);
+        for (const char* sheet : { "ws-58440", "ws-58480", "ws-58600", "ws-adoption", "ws-age",
+                                   "ws-infirm-spouse", "ws-caregiver", "ws-infirm" }) {
+            for (const char* lang : { "-en.png", "-fr.png" }) {
+                const QString file = QString::fromLatin1(sheet) + QLatin1String(lang);
+                QTest::newRow(qPrintable(file)) << file;
+            }
+        }
     }
 
     void picture()
