@@ -55,6 +55,17 @@ void bindDependant(PpgWizardPage& page, StyledComboBox* box, CWSDepBaseData& dat
     box->setFocusPolicy(Qt::StrongFocus);
 }
 
+// The four lines the dependant worksheets share: base amount, the dependant's
+// net income, their difference, and what was claimed elsewhere.
+template<typename Ui, typename Data>
+void bindDependantLines(PpgWizardPage& page, Ui* ui, Data& data)
+{
+    bindShown(page, ui->fld_BaseAmount, data.BaseAmount);
+    bindShown(page, ui->fld_DepNetInc, data.DepNetInc);
+    bindShown(page, ui->fld_3, data.fld_3);
+    bindShown(page, ui->fld_4, data.fld_4);
+}
+
 } // namespace
 
 WS58440_DisabilitySelf_tab1::WS58440_DisabilitySelf_tab1(CWSDisabilityAmtData* data,
@@ -240,10 +251,7 @@ void WSCaregiverAmt_Dep::AssociateFormData()
     auto* data = dynamic_cast<CWSCaregiverAmtData*>(m_data);
     if (!data)
         return;
-    bindShown(*this, m_ui->fld_BaseAmount, data->BaseAmount);
-    bindShown(*this, m_ui->fld_DepNetInc, data->DepNetInc);
-    bindShown(*this, m_ui->fld_3, data->fld_3);
-    bindShown(*this, m_ui->fld_4, data->fld_4);
+    bindDependantLines(*this, m_ui, *data);
     bindDependant(*this, m_ui->DepIdx, *data);
     bindCheck(*this, m_ui->fld_bOverwrite, data->bOverwrite);
     bindAmount(*this, m_ui->fld_AmountClaim, data->AmountClaim);
@@ -273,10 +281,7 @@ void WSInfirmDepAmt_Dep::AssociateFormData()
     auto* data = dynamic_cast<CWSInfirmDepAmtData*>(m_data);
     if (!data)
         return;
-    bindShown(*this, m_ui->fld_BaseAmount, data->BaseAmount);
-    bindShown(*this, m_ui->fld_DepNetInc, data->DepNetInc);
-    bindShown(*this, m_ui->fld_3, data->fld_3);
-    bindShown(*this, m_ui->fld_4, data->fld_4);
+    bindDependantLines(*this, m_ui, *data);
     bindShown(*this, m_ui->fld_AmountClaim, data->AmountClaim);
     bindDependant(*this, m_ui->DepIdx, *data);
 }
@@ -309,10 +314,7 @@ void WSInfirmDepAmt_SpouseDep::AssociateFormData()
     auto* data = dynamic_cast<CWSInfirmDepAmtData*>(m_data);
     if (!data)
         return;
-    bindShown(*this, m_ui->fld_BaseAmount, data->BaseAmount);
-    bindShown(*this, m_ui->fld_DepNetInc, data->DepNetInc);
-    bindShown(*this, m_ui->fld_3, data->fld_3);
-    bindShown(*this, m_ui->fld_4, data->fld_4);
+    bindDependantLines(*this, m_ui, *data);
     bindShown(*this, m_ui->fld_AmountClaim, data->AmountClaim);
 }
 

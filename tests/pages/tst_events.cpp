@@ -1,6 +1,7 @@
 #include "actiononevent.h"
 #include "myevent.h"
 #include "stringlineedit.h"
+#include "widgettests.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -11,7 +12,7 @@
 
 namespace {
 
-using Make = std::function<QEvent*()>;
+using MakeEvent = std::function<QEvent*()>;
 using Trigger = std::function<void(QLineEdit*)>;
 
 // Counts the events of one type that get past the filters installed before it.
@@ -34,16 +35,9 @@ protected:
     }
 };
 
-void showActive(QWidget& window)
-{
-    window.show();
-    QApplication::setActiveWindow(&window);
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-}
-
 } // namespace
 
-Q_DECLARE_METATYPE(Make)
+Q_DECLARE_METATYPE(MakeEvent)
 Q_DECLARE_METATYPE(Trigger)
 
 class tst_Events : public QObject
@@ -52,23 +46,23 @@ class tst_Events : public QObject
 private slots:
     void kinds_data()
     {
-        QTest::addColumn<Make>("make");
+        QTest::addColumn<MakeEvent>("make");
         QTest::addColumn<int>("type");
         QTest::addColumn<int>("value");
         QTest::addColumn<bool>("needWorksheet"); // told apart by class too
         // clang-format off
-        QTest::newRow("plain event") << Make([] { return new MyEvent(4321, -7); }) << 4321 << -7 << false;
-        QTest::newRow("plain 1234 is no worksheet request") << Make([] { return new MyEvent(1234, 5); }) << 1234 << 5 << false;
-        QTest::newRow("T1013 resync") << Make([] { return new EventT1013Sync; }) << 1013 << 0 << false;
-        QTest::newRow("RC59 resync") << Make([] { return new EventRC59ESync; }) << 5901 << 0 << false;
-        QTest::newRow("by event id") << Make([] { return new EventByEventID(777); }) << 777 << 0 << false;
-        QTest::newRow("worksheet request") << Make([] { return new EventNeedWorksheet(42); }) << 1234 << 42 << true;
-        QTest::newRow("forward to a form") << Make([] { return new EventForwardEdit(9); }) << 1235 << 9 << false;
+        QTest::newRow("plain event") << MakeEvent([] { return new MyEvent(4321, -7); }) << 4321 << -7 << false;
+        QTest::newRow("plain 1234 is no worksheet request") << MakeEvent([] { return new MyEvent(1234, 5); }) << 1234 << 5 << false;
+        QTest::newRow("T1013 resync") << MakeEvent([] { return new EventT1013Sync; }) << 1013 << 0 << false;
+        QTest::newRow("RC59 resync") << MakeEvent([] { return new EventRC59ESync; }) << 5901 << 0 << false;
+        QTest::newRow("by event id") << MakeEvent([] { return new EventByEventID(777); }) << 777 << 0 << false;
+        QTest::newRow("worksheet request") << MakeEvent([] { return new EventNeedWorksheet(42); }) << 1234 << 42 << true;
+        QTest::newRow("forward to a form") << MakeEvent([] { return new EventForwardEdit(9); }) << 1235 << 9 << false;
         // clang-format on
     }
     void kinds()
     {
-        QFETCH(Make, make);
+        QFETCH(MakeEvent, make);
         QFETCH(int, type);
         QFETCH(int, value);
         QFETCH(bool, needWorksheet);

@@ -1,6 +1,7 @@
 #include "styledcheckbox.h"
 #include "styleddateedit.h"
 #include "widgetappearance.h"
+#include "widgettests.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -24,18 +25,7 @@ static const QString checkSheet = QStringLiteral("QCheckBox:checked{color:blue}"
 static const QString boldCheckSheet = QStringLiteral("QCheckBox::indicator:!checked{border:2px solid black}  QCheckBox:checked{color:blue}");
 // clang-format on
 
-using Make = std::function<QWidget*()>;
 using MakeNull = std::function<CustomNullDateEdit*()>;
-
-template<typename Box> Make made(std::function<void(Box*)> prepare = {})
-{
-    return [prepare] {
-        auto* box = new Box;
-        if (prepare)
-            prepare(box);
-        return box;
-    };
-}
 
 void setPoints(QWidget* w, int points)
 {
@@ -71,7 +61,6 @@ QString shown(QAbstractSpinBox* box)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Make)
 Q_DECLARE_METATYPE(MakeNull)
 
 class tst_DateEdits : public QObject
@@ -103,14 +92,7 @@ private slots:
         QTest::newRow("blank-date box pops up, a format") << Make([] { return new CustomNullDateEdit("dd.MM.yyyy", nullptr); }) << QByteArray("calendarPopup") << QVariant(true);
         // clang-format on
     }
-    void properties()
-    {
-        QFETCH(Make, make);
-        QFETCH(QByteArray, property);
-        QFETCH(QVariant, value);
-        std::unique_ptr<QWidget> w(make());
-        QCOMPARE(w->property(property), value);
-    }
+    void properties() { compareMadeProperty(); }
 
     void blankDate_data()
     {

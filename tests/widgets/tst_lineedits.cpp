@@ -1,5 +1,6 @@
 #include "myevent.h"
 #include "stringlineedit.h"
+#include "widgettests.h"
 
 #include <QApplication>
 #include <QRegularExpression>
@@ -37,30 +38,11 @@ protected:
     }
 };
 
-using Make = std::function<QWidget*()>;
 using Act = std::function<void(StringLineEdit*)>;
 constexpr int AsBuilt = 99; // decimals left as the box was built
 
-template<typename Box> Make made(std::function<void(Box*)> prepare = {})
-{
-    return [prepare] {
-        auto* box = new Box;
-        if (prepare)
-            prepare(box);
-        return box;
-    };
-}
-
-void showActive(QWidget& window)
-{
-    window.show();
-    QApplication::setActiveWindow(&window);
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-}
-
 } // namespace
 
-Q_DECLARE_METATYPE(Make)
 Q_DECLARE_METATYPE(Act)
 
 class tst_LineEdits : public QObject
@@ -108,14 +90,7 @@ private slots:
         QTest::newRow("left click takes nothing") << rightClick("5.00", Qt::LeftButton) << QByteArray("selectedText") << QVariant("");
         // clang-format on
     }
-    void properties()
-    {
-        QFETCH(Make, make);
-        QFETCH(QByteArray, property);
-        QFETCH(QVariant, value);
-        std::unique_ptr<QWidget> w(make());
-        QCOMPARE(w->property(property), value);
-    }
+    void properties() { compareMadeProperty(); }
 
     // What a page reads to know where the box leads.
     void forwardKind()
