@@ -1,6 +1,6 @@
 // Gallery of the library's interface: the input widgets, each in the states a
-// person meets on a form page, and the worksheet pages over sample figures in
-// the dialogs that open them, in English and in French. It writes one PNG per
+// person meets on a form page, the worksheet pages over sample figures in the
+// dialogs that open them, and the message dialogs, in English and in French. It writes one PNG per
 // widget, one of the whole widget panel and one per worksheet and language into
 // the folder it is given, so the pictures of the README can be made again:
 //
@@ -221,6 +221,61 @@ private:
     int m_failures = 0;
 };
 
+// The message dialogs, filled as an application would fill them; the caller's
+// words come in the language of the run, the dialogs' own through the library.
+int dialogShots(const QDir& dir, bool french)
+{
+    int failures = 0;
+    const QString suffix = french ? QStringLiteral("-fr") : QStringLiteral("-en");
+    auto save = [&](QDialog& dialog, const char* name) {
+        dialog.show();
+        QApplication::processEvents();
+        const QString path = dir.filePath(QLatin1String(name) + suffix + QStringLiteral(".png"));
+        if (!dialog.grab().save(path)) {
+            QTextStream(stderr) << "cannot write " << path << '\n';
+            ++failures;
+        }
+    };
+    const auto say
+        = [french](const char* en, const char* fr) { return QString::fromUtf8(french ? fr : en); };
+
+    dlgGeneralInput input(say("Access code", "Code d'accès"), nullptr);
+    input.setMsg(0, say("Access code for online filing", "Code d'accès pour la transmission"));
+    input.setMsg(1,
+                 say("Enter the access code printed on your notice of assessment.",
+                     "Inscrivez le code d'accès imprimé sur votre avis de cotisation."));
+    input.setMsg(2, say("It has eight letters and digits.", "Il compte huit lettres et chiffres."));
+    input.setMsg(3, say("Where to find it:", "Où le trouver :"));
+    input.setMsgLink(QStringLiteral("https://example.org/access-code"));
+    save(input, "dlg-input");
+
+    DlgMsgWithLink link(say("Update available", "Mise à jour offerte"), nullptr);
+    link.setMsg1(say("A newer version of the forms is available.",
+                     "Une version plus récente des formulaires est offerte."));
+    link.setMsg2(say("Download it before you file the return.",
+                     "Téléchargez-la avant de transmettre la déclaration."));
+    link.setLink2(QStringLiteral("https://example.org/update"), say("Download", "Télécharger"));
+    save(link, "dlg-link");
+
+    COneQOneChkboxDialog question(
+        say("Dependants", "Personnes à charge"),
+        say("Copy the dependants of last year's return into this one?",
+            "Copier les personnes à charge de la déclaration de l'an dernier dans celle-ci?"),
+        say("Do not ask again", "Ne plus demander"), QMessageBox::Question, nullptr);
+    save(question, "dlg-question");
+
+    CYesNoContinueDlg warn(say("Delete return", "Supprimer la déclaration"), nullptr);
+    warn.setMsg(1, say("Delete return:", "Supprimer la déclaration :"), false);
+    warn.setMsg(2,
+                say("The return of Marie Tremblay for 2025 will be deleted from this computer.",
+                    "La déclaration de Marie Tremblay pour 2025 sera supprimée de cet ordinateur."),
+                false);
+    warn.setMsg(3, say("It cannot be recovered afterwards.", "Elle ne pourra pas être récupérée."),
+                false);
+    save(warn, "dlg-yesno");
+    return failures;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -330,11 +385,13 @@ int main(int argc, char** argv)
     save(&panel, QStringLiteral("panel.png"));
 
     failures += WorksheetShots(dir, QStringLiteral("-en")).run();
+    failures += dialogShots(dir, false);
     // The same worksheets as a French-speaking user sees them.
     if (!installLibBedrockTranslator(QLocale(QLocale::French, QLocale::Canada))) {
         err << "no French translation\n";
         ++failures;
     }
     failures += WorksheetShots(dir, QStringLiteral("-fr")).run();
+    failures += dialogShots(dir, true);
     return failures == 0 ? 0 : 1;
 }

@@ -35,7 +35,8 @@ private Q_SLOTS:
                "datetime-set.png", "check-plain.png", "check-bold.png" })
             QTest::newRow(file) << QString::fromLatin1(file);
         for (const char* sheet : { "ws-58440", "ws-58480", "ws-58600", "ws-adoption", "ws-age",
-                                   "ws-infirm-spouse", "ws-caregiver", "ws-infirm" }) {
+                                   "ws-infirm-spouse", "ws-caregiver", "ws-infirm", "dlg-input",
+                                   "dlg-link", "dlg-question", "dlg-yesno" }) {
             for (const char* lang : { "-en.png", "-fr.png" }) {
                 const QString file = QString::fromLatin1(sheet) + QLatin1String(lang);
                 QTest::newRow(qPrintable(file)) << file;
