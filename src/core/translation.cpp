@@ -1,4 +1,5 @@
 #include "translation.h"
+#include "translation_p.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
@@ -53,4 +54,11 @@ bool installLibBedrockTranslator(QLocale const& locale)
         delete qt;
     }
     return true;
+}
+
+QString Bedrock::translatedTableText(const char* latin1)
+{
+    // The marks in the tables are the source spelling; the lookup key is its UTF-8.
+    const QByteArray key = QString::fromLatin1(latin1).toUtf8();
+    return QCoreApplication::translate("CT1ComboBox", key.constData());
 }

@@ -1,4 +1,5 @@
 #include "dependantinfo.h"
+#include "translation_p.h"
 
 #include "calendar.h"
 #include "household_p.h"
@@ -275,12 +276,13 @@ bool _OneDependantInfoStru::MakeComboBoxString(CString& out)
     text += QLatin1Char(' ');
     text += last.isEmpty() ? tr("<LastName>") : QString(last);
     text += QLatin1String(" - ");
-    text += QLatin1String(relationName(m_Relation));
+    // Display text: the names read in the language of the lists that show them.
+    text += Bedrock::translatedTableText(relationName(m_Relation));
     text += tr(" - net inc.");
     text += QStringLiteral("($%1) - ").arg(m_NetIncome, 0, 'f', 2);
     // With the separator that closes the amount this doubles: ") -  - Infirm".
     text += QLatin1String(" - ");
-    text += QLatin1String(infirmName(fld_Infirm.m_value));
+    text += Bedrock::translatedTableText(infirmName(fld_Infirm.m_value));
     if (m_BirthDate.isValid()) {
         text += QLatin1String(" - ");
         text += m_BirthDate.toString(QStringLiteral("yyyy-MM-dd"));

@@ -99,7 +99,7 @@ public:
     Ui::WSAdoptionExpense_tab1* m_ui;
 };
 
-// "Provincial Age Amount Worksheet (58080)": display only, every line calculated.
+// The age amount worksheet (lines 30100 and 58080): display only, every line calculated.
 class LIBBEDROCK_EXPORT WSAgeAmount_tab1 : public PpgWizardPage
 {
     Q_OBJECT

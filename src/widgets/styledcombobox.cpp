@@ -2,6 +2,7 @@
 
 #include "catalogue.h"
 #include "dependantinfo.h"
+#include "translation_p.h"
 
 #include <QCoreApplication>
 #include <QWheelEvent>
@@ -103,10 +104,7 @@ bool CT1ComboBox::SetCurSelData(int data)
 
 void CT1ComboBox::addTableRow(const char* latin1Text, int data)
 {
-    // The tables mark the rows the translation covers under this class's context;
-    // the lookup key is the text as the source spells it, in UTF-8.
-    const QByteArray key = QString::fromLatin1(latin1Text).toUtf8();
-    addItem(QCoreApplication::translate("CT1ComboBox", key.constData()), data);
+    addItem(Bedrock::translatedTableText(latin1Text), data);
 }
 
 void CT1ComboBox::LoadRelationships()
