@@ -18,15 +18,22 @@
 //  6. a foreign income in Canadian dollars, at the rate of the tax year from
 //     a small rates file shipped with the sample.
 //
-//   bedrock-sample [return-file [key]]
+// With --gui the same road runs in a window: the sample's forms in pages, their
+// worksheets, saving, opening and filing a return (see samplewindow.h).
+//
+//   bedrock-sample [return-file [key]]          the road above, printed
+//   bedrock-sample --gui [return-file [key]]    the window, with a return opened
+//   bedrock-sample --screenshot DIR             pictures of the window, then quit
+//   bedrock-sample --lang fr ...                the window in French
 #include "household.h"
+#include "sampleendpoint.h"
 #include "sampleform.h"
+#include "samplewindow.h"
 
 #include <LibBedrock.h>
 
+#include <QApplication>
 #include <QBuffer>
-
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -98,6 +105,7 @@ bool sampleForm(const QString& path, const CString& key)
     form.ws5000.fld_1 = 1200.10;
     form.ws5000.fld_2 = 345.555;
     form.ws5000.Calculate();
+    form.Calculate(); // the total income; no age amount before 65, no dependants here
     out() << '\n';
     showForm("A form of our own, filled:", form);
 
@@ -335,42 +343,6 @@ $$($records)
 ]]></filepart>
 </parts>)xml";
 
-// A stand-in for the filing service: a listener on the loopback address that
-// answers one SOAP post and remembers what it received.
-struct SampleEndpoint {
-    QServerSocket listener { 0 };
-    QByteArray received;
-
-    SampleEndpoint()
-    {
-        QObject::connect(&listener, &QServerSocket::dataReceived, &listener,
-                         [this](QTcpSocket* socket, const QByteArray& data) {
-                             // Each signal carries all the client sent so far:
-                             // answer once the body announced is all in.
-                             const qsizetype end = data.indexOf("\r\n\r\n");
-                             if (!received.isEmpty() || end < 0
-                                 || data.size() < end + 4 + contentLength(data.left(end)))
-                                 return;
-                             received = data;
-                             const QByteArray ack = "<ack>received</ack>";
-                             socket->write("HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\n"
-                                           "Content-Length: "
-                                           + QByteArray::number(ack.size())
-                                           + "\r\nConnection: close\r\n\r\n" + ack);
-                             socket->disconnectFromHost();
-                         });
-    }
-
-    static qsizetype contentLength(const QByteArray& head)
-    {
-        for (const QByteArray& line : head.split('\n')) {
-            if (line.toLower().startsWith("content-length:"))
-                return line.mid(15).trimmed().toLongLong();
-        }
-        return 0;
-    }
-};
-
 // Posts the filled skeleton as SOAP, with Basic authorization, and shows what
 // the endpoint received.
 bool sampleWebFiling(const CString& filing)
@@ -378,8 +350,7 @@ bool sampleWebFiling(const CString& filing)
     SampleEndpoint endpoint;
     if (endpoint.listener.serverPort() == 0)
         return false;
-    const QByteArray url
-        = "http://127.0.0.1:" + QByteArray::number(endpoint.listener.serverPort()) + "/netfile";
+    const QByteArray url = endpoint.url();
     QWebClient client(url.constData(), false);
     std::string response;
     const bool ok = client.postSoapXML(filing.toStdStringUTF8(), "text/xml; charset=utf-8",
@@ -488,19 +459,9 @@ bool sampleFiling(const QString& directory)
     return count == 2 && sampleWebFiling(filing);
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+// The headless road: every step printed.
+int printRoad(const QString& path, const CString& key)
 {
-    QCoreApplication app(argc, argv);
-    const QString path = argc > 1 ? QString::fromLocal8Bit(argv[1])
-                                  : QDir::temp().filePath(QStringLiteral("bedrock-sample.ret"));
-    const CString key = argc > 2 ? CString(QString::fromLocal8Bit(argv[2]))
-                                 : CString("correct horse battery staple");
-
-    // An application says once at start which string fields are too large for a record.
-    CStringField::setLargeSizeSerializeOption(0x101F4, 1000);
-
     out() << "LibBedrock " << LIBBEDROCK_VERSION_STRING << ", tax year " << LIBBEDROCK_TAX_YEAR
           << "\n\nFields, assigned and rounded:\n";
 
@@ -611,4 +572,85 @@ int main(int argc, char** argv)
     if (!sampleFiling(QFileInfo(path).absolutePath()))
         return 1;
     return sampleExchangeRate() ? 0 : 1;
+}
+
+// The window, shown until closed, or until its pictures are taken.
+int runWindow(const QString& language, const QString& screenshots, const QStringList& file)
+{
+    if (language == QLatin1String("fr")) {
+        setSampleFrench(true);
+        // Before the widgets are built: texts already shown are not retranslated.
+        if (!installLibBedrockTranslator(QLocale(QLocale::French, QLocale::Canada)))
+            out() << "no French translation found\n";
+    }
+    SampleWindow window;
+    if (!file.isEmpty()) {
+        const CString key(file.size() > 1 ? file[1] : QString());
+        if (!window.openReturn(file[0], key)) {
+            out() << "cannot open " << file[0] << " with that key\n";
+            return 1;
+        }
+    }
+    window.show();
+    if (!screenshots.isEmpty()) {
+        if (!QDir().mkpath(screenshots)) {
+            out() << "cannot make " << screenshots << '\n';
+            return 1;
+        }
+        window.takeScreenshots(screenshots, [screenshots](int failures) {
+            out() << "pictures written to " << screenshots << ", " << failures << " failed\n";
+            out().flush();
+            QCoreApplication::exit(failures == 0 ? 0 : 1);
+        });
+    }
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    bool gui = false;
+    QString language = QStringLiteral("en");
+    QString screenshots;
+    QStringList positional;
+    for (int i = 1; i < argc; ++i) {
+        const QString arg = QString::fromLocal8Bit(argv[i]);
+        if (arg == QLatin1String("--gui")) {
+            gui = true;
+        } else if (arg == QLatin1String("--lang") && i + 1 < argc) {
+            language = QString::fromLocal8Bit(argv[++i]);
+        } else if (arg == QLatin1String("--screenshot") && i + 1 < argc) {
+            screenshots = QString::fromLocal8Bit(argv[++i]);
+        } else if (arg.startsWith(QLatin1String("--"))) {
+            language.clear();
+            break;
+        } else {
+            positional << arg;
+        }
+    }
+    if (language != QLatin1String("en") && language != QLatin1String("fr")) {
+        out() << "usage: bedrock-sample [--gui] [--lang en|fr] [--screenshot DIR] "
+                 "[return-file [key]]\n";
+        return 2;
+    }
+
+    // An application says once at start which string fields are too large for a record.
+    CStringField::setLargeSizeSerializeOption(0x101F4, 1000);
+
+    if (!gui && screenshots.isEmpty()) {
+        QCoreApplication app(argc, argv);
+        const QString path = positional.size() > 0
+            ? positional[0]
+            : QDir::temp().filePath(QStringLiteral("bedrock-sample.ret"));
+        const CString key = positional.size() > 1 ? CString(positional[1])
+                                                  : CString("correct horse battery staple");
+        return printRoad(path, key);
+    }
+    // Pictures need no display: without one they are drawn offscreen.
+    if (!screenshots.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")
+        && qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    return runWindow(language, screenshots, gui ? positional : QStringList());
 }
