@@ -46,11 +46,6 @@ void whenModal(std::function<void(QWidget*)> act)
     });
 }
 
-QLabel* label(QWidget* dialog, const QString& name)
-{
-    return dialog->findChild<QLabel*>(name);
-}
-
 QPushButton* button(QWidget* dialog, QDialogButtonBox::StandardButton which)
 {
     return dialog->findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))->button(which);
@@ -84,181 +79,112 @@ class tst_Dialogs : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void afterCreateUI_data()
-    {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("windowTitle");
-        QTest::newRow("a title replaces the form's") << "Returns"
-                                                     << "Returns";
-        QTest::newRow("no title keeps the form's") << ""
-                                                   << "Dialog";
-    }
-    void afterCreateUI()
-    {
-        QFETCH(QString, title);
-        QFETCH(QString, windowTitle);
-        BaseDialog dialog(title, nullptr);
-        dialog.setWindowTitle(QStringLiteral("Dialog"));
-        auto* text = new QLabel(QStringLiteral("Income"), &dialog);
-        text->setFont(QFont(text->font().family(), 9));
-        dialog.afterCreateUI();
-        QCOMPARE(dialog.windowTitle(), windowTitle);
-        QCOMPARE(text->font().pointSize(), 14);
-    }
-
-    void productTitle_data()
-    {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QString>("title");
-        QTest::newRow("0") << 0 << s_netfile;
-        QTest::newRow("1") << 1 << s_efile;
-        QTest::newRow("2") << 2 << s_netfile;
-        QTest::newRow("255") << 255 << s_netfile;
-    }
-    void productTitle()
-    {
-        QFETCH(int, kind);
-        QFETCH(QString, title);
-        QString given = QStringLiteral("old");
-        gMsgGetTitle(static_cast<unsigned char>(kind), given);
-        QCOMPARE(given, title);
-    }
-
     void messageBoxes_data()
     {
-        QTest::addColumn<bool>("question");
         QTest::addColumn<int>("kind");
         QTest::addColumn<int>("answer");
         QTest::addColumn<QString>("title");
-        QTest::newRow("information, 1") << false << 1 << int(QMessageBox::Ok) << s_efile;
-        QTest::newRow("information, 0") << false << 0 << int(QMessageBox::Ok) << s_netfile;
-        QTest::newRow("question, Yes") << true << 1 << int(QMessageBox::Yes) << s_efile;
-        QTest::newRow("question, No") << true << 2 << int(QMessageBox::No) << s_netfile;
+        QTest::newRow("information, 1") << 1 << int(QMessageBox::Ok) << s_efile;
+        QTest::newRow("information, 0") << 0 << int(QMessageBox::Ok) << s_netfile;
+        QTest::newRow("information, 255") << 255 << int(QMessageBox::Ok) << s_netfile;
+        QTest::newRow("question, Yes") << 1 << int(QMessageBox::Yes) << s_efile;
+        QTest::newRow("question, No") << 2 << int(QMessageBox::No) << s_netfile;
     }
     void messageBoxes()
     {
-        QFETCH(bool, question);
         QFETCH(int, kind);
         QFETCH(int, answer);
         QFETCH(QString, title);
+        const bool question = answer != QMessageBox::Ok;
+        const auto kindByte = static_cast<unsigned char>(kind);
+        QString given = QStringLiteral("old");
+        gMsgGetTitle(kindByte, given);
+        QCOMPARE(given, title);
         const QString text = QStringLiteral("Your return was saved.");
-        QStringList seen;
-        int buttons = 0, icon = -1;
+        QVariantList seen;
         whenModal([&](QWidget* modal) {
             auto* box = qobject_cast<QMessageBox*>(modal);
             if (!box)
                 return;
-            seen << box->windowTitle() << box->text();
-            buttons = int(box->standardButtons());
-            icon = int(box->icon());
+            seen << box->windowTitle() << box->text() << int(box->standardButtons())
+                 << int(box->icon());
             QTest::mouseClick(box->button(QMessageBox::StandardButton(answer)), Qt::LeftButton);
         });
-        const auto kindByte = static_cast<unsigned char>(kind);
         if (question)
             QCOMPARE(int(gMsgQuestion(kindByte, text, nullptr)), answer);
         else
             gMsgInformation(kindByte, text, nullptr);
-        QCOMPARE(seen, QStringList({ title, text }));
-        QCOMPARE(buttons, question ? QMessageBox::Yes | QMessageBox::No : int(QMessageBox::Ok));
-        QCOMPARE(icon, int(question ? QMessageBox::Question : QMessageBox::Information));
+        QCOMPARE(
+            seen,
+            (QVariantList { title, text,
+                            question ? QMessageBox::Yes | QMessageBox::No : int(QMessageBox::Ok),
+                            int(question ? QMessageBox::Question : QMessageBox::Information) }));
     }
 
-    void dialogs_data()
+    // The dialogs as their forms build them; without a title a dialog keeps the
+    // form's. The column lists the layout's widgets from the top ("" a spacer): all
+    // have the form's point size, only the input's title is bold, the labels are
+    // empty but the fixed bottom line, they wrap but links, and the rules are lines.
+    void forms_data()
     {
         QTest::addColumn<Dialog>("dialog");
-        QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("objectName");
-        QTest::addColumn<QString>("windowTitle");
         QTest::addColumn<QSize>("size"); // not checked when invalid
         QTest::addColumn<int>("buttons");
         QTest::addColumn<int>("buttonMaxHeight");
+        QTest::addColumn<QStringList>("column");
+        QTest::addColumn<int>("points");
         const int okCancel = QDialogButtonBox::Ok | QDialogButtonBox::Cancel;
+        using L = QStringList;
         // clang-format off
-        QTest::newRow("general input") << GeneralInput << "Postal code" << "dlgGeneralInput"
-            << "Postal code" << QSize() << okCancel << QWIDGETSIZE_MAX;
-        QTest::newRow("general input, no title") << GeneralInput << "" << "dlgGeneralInput"
-            << "Dialog" << QSize() << okCancel << QWIDGETSIZE_MAX;
-        QTest::newRow("message with link") << MsgWithLink << "Update" << "DlgMsgWithLink"
-            << "Update" << QSize(604, 282) << int(QDialogButtonBox::Ok) << QWIDGETSIZE_MAX;
-        QTest::newRow("yes or cancel") << YesNo << "Delete return" << "YesNoContinueDlg"
-            << "Delete return" << QSize(720, 420) << okCancel << 32;
-        QTest::newRow("yes or cancel, no title") << YesNo << "" << "YesNoContinueDlg"
-            << "Dialog" << QSize(720, 420) << okCancel << 32;
+        QTest::newRow("general input") << GeneralInput << "dlgGeneralInput" << QSize() << okCancel << QWIDGETSIZE_MAX
+            << L{ "lblTitle", "line", "lbl1", "lbl2", "lineEdit", "lbl3", "lblLink", "", "buttonBox" } << 12;
+        QTest::newRow("message with link") << MsgWithLink << "DlgMsgWithLink" << QSize(604, 282) << int(QDialogButtonBox::Ok) << QWIDGETSIZE_MAX
+            << L{ "lblMsg1", "lblMsg2", "lblLink", "", "buttonBox" } << 11;
+        // The walk brings the form's 13-point first line to 14, and the buttons to 32 high.
+        QTest::newRow("yes or cancel") << YesNo << "YesNoContinueDlg" << QSize(720, 420) << okCancel << 32
+            << L{ "lblMsg1", "line_2", "lblMsg2", "lblMsg3", "lblMsg4", "", "line", "lblMsgBottom", "buttonBox" } << 14;
         // clang-format on
     }
-    void dialogs()
+    void forms()
     {
         QFETCH(Dialog, dialog);
-        QFETCH(QString, title);
         QFETCH(QString, objectName);
-        QFETCH(QString, windowTitle);
         QFETCH(QSize, size);
         QFETCH(int, buttons);
         QFETCH(int, buttonMaxHeight);
-        const std::unique_ptr<QDialog> shown = make(dialog, title);
+        QFETCH(QStringList, column);
+        QFETCH(int, points);
+        QCOMPARE(make(dialog, QString())->windowTitle(), QStringLiteral("Dialog"));
+        const std::unique_ptr<QDialog> shown = make(dialog, QStringLiteral("Returns"));
         QCOMPARE(shown->objectName(), objectName);
-        QCOMPARE(shown->windowTitle(), windowTitle);
+        QCOMPARE(shown->windowTitle(), QStringLiteral("Returns"));
         if (size.isValid())
             QCOMPARE(shown->size(), size);
         auto* box = shown->findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
         QCOMPARE(int(box->standardButtons()), buttons);
         for (QAbstractButton* each : box->buttons())
             QCOMPARE(each->maximumHeight(), buttonMaxHeight);
-    }
-
-    void form_data()
-    {
-        QTest::addColumn<Dialog>("dialog");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("follows"); // the widget above it in the column
-        QTest::addColumn<int>("points");
-        QTest::addColumn<bool>("bold");
-        QTest::addColumn<QString>("text"); // labels only; they all wrap but links
         const QString bottom = QStringLiteral(
             "Please confirm the message by clicking the 'OK' button to proceed; or click the "
             "'Cancel' button to abort the operation.");
-        // clang-format off
-        QTest::newRow("input title") << GeneralInput << "lblTitle" << "" << 12 << true << "";
-        QTest::newRow("input rule") << GeneralInput << "line" << "lblTitle" << 12 << false << "";
-        QTest::newRow("input line 1") << GeneralInput << "lbl1" << "line" << 12 << false << "";
-        QTest::newRow("input box") << GeneralInput << "lineEdit" << "lbl2" << 12 << false << "";
-        QTest::newRow("input line 3") << GeneralInput << "lbl3" << "lineEdit" << 12 << false << "";
-        QTest::newRow("input link") << GeneralInput << "lblLink" << "lbl3" << 12 << false << "";
-        QTest::newRow("message 1") << MsgWithLink << "lblMsg1" << "" << 11 << false << "";
-        QTest::newRow("message 2") << MsgWithLink << "lblMsg2" << "lblMsg1" << 11 << false << "";
-        QTest::newRow("message link") << MsgWithLink << "lblLink" << "lblMsg2" << 11 << false << "";
-        // The walk brings the form's 13-point first line to 14.
-        QTest::newRow("yes/no line 1") << YesNo << "lblMsg1" << "" << 14 << false << "";
-        QTest::newRow("yes/no top rule") << YesNo << "line_2" << "lblMsg1" << 14 << false << "";
-        QTest::newRow("yes/no line 2") << YesNo << "lblMsg2" << "line_2" << 14 << false << "";
-        QTest::newRow("yes/no line 4") << YesNo << "lblMsg4" << "lblMsg3" << 14 << false << "";
-        QTest::newRow("yes/no bottom") << YesNo << "lblMsgBottom" << "line" << 14 << false << bottom;
-        // clang-format on
-    }
-    void form()
-    {
-        QFETCH(Dialog, dialog);
-        QFETCH(QString, name);
-        QFETCH(QString, follows);
-        QFETCH(int, points);
-        QFETCH(bool, bold);
-        QFETCH(QString, text);
-        const std::unique_ptr<QDialog> shown = make(dialog, QString());
-        auto* widget = shown->findChild<QWidget*>(name);
-        QVERIFY(widget);
-        QCOMPARE(widget->font().pointSize(), points);
-        QCOMPARE(widget->font().weight(), bold ? QFont::Bold : QFont::Normal);
-        auto* frame = qobject_cast<QFrame*>(widget);
-        if (auto* line = qobject_cast<QLabel*>(widget)) {
-            QCOMPARE(line->wordWrap(), name != QLatin1String("lblLink"));
-            QCOMPARE(line->text(), text);
-        } else if (frame) {
-            QCOMPARE(frame->frameShape(), QFrame::HLine);
+        QStringList names;
+        for (int i = 0; i < shown->layout()->count(); ++i) {
+            QWidget* widget = shown->layout()->itemAt(i)->widget();
+            const QString name = widget ? widget->objectName() : QString();
+            names << name;
+            if (!widget)
+                continue;
+            QCOMPARE(widget->font().pointSize(), points);
+            QCOMPARE(widget->font().weight(), name == "lblTitle" ? QFont::Bold : QFont::Normal);
+            if (auto* line = qobject_cast<QLabel*>(widget)) {
+                QCOMPARE(line->wordWrap(), name != "lblLink");
+                QCOMPARE(line->text(), name == "lblMsgBottom" ? bottom : QString());
+            } else if (auto* frame = qobject_cast<QFrame*>(widget)) {
+                QCOMPARE(frame->frameShape(), QFrame::HLine);
+            }
         }
-        auto* column = qobject_cast<QBoxLayout*>(shown->layout());
-        const int at = column->indexOf(widget);
-        QLayoutItem* above = at > 0 ? column->itemAt(at - 1) : nullptr;
-        QCOMPARE(above && above->widget() ? above->widget()->objectName() : QString(), follows);
+        QCOMPARE(names, column);
     }
 
     void generalInput_data()
@@ -295,49 +221,78 @@ private Q_SLOTS:
         QCOMPARE(finished.at(0).at(0).toInt(), accepted ? QDialog::Accepted : QDialog::Rejected);
     }
 
-    void messageIndex_data()
+    // setMsg and the links, by index: the label each reaches, the others left alone.
+    // Plain text stays plain; the yes/no lines become selectable and open links
+    // whatever they hold. A link is rich text, and a click opens it in the browser.
+    void labels_data()
     {
         QTest::addColumn<Dialog>("dialog");
         QTest::addColumn<int>("index");
         QTest::addColumn<QString>("target"); // empty: no label changes
-        QTest::newRow("input -1") << GeneralInput << -1 << "";
-        QTest::newRow("input 0") << GeneralInput << 0 << "lblTitle";
-        QTest::newRow("input 1") << GeneralInput << 1 << "lbl1";
-        QTest::newRow("input 2") << GeneralInput << 2 << "lbl2";
-        QTest::newRow("input 3") << GeneralInput << 3 << "lbl3";
-        QTest::newRow("input 4") << GeneralInput << 4 << "";
-        QTest::newRow("input 7") << GeneralInput << 7 << "";
-        QTest::newRow("yes/no -1") << YesNo << -1 << "lblMsg1";
-        QTest::newRow("yes/no 1") << YesNo << 1 << "lblMsg1";
-        QTest::newRow("yes/no 2") << YesNo << 2 << "lblMsg2";
-        QTest::newRow("yes/no 3") << YesNo << 3 << "lblMsg3";
-        QTest::newRow("yes/no 4") << YesNo << 4 << "lblMsg4";
-        QTest::newRow("yes/no 5") << YesNo << 5 << "lblMsg1";
-        QTest::newRow("yes/no 9") << YesNo << 9 << "lblMsg1";
+        QTest::addColumn<QString>("link"); // the link's text; empty: setMsg(index, "after")
+        // clang-format off
+        QTest::newRow("input -1") << GeneralInput << -1 << "" << "";
+        QTest::newRow("input 0") << GeneralInput << 0 << "lblTitle" << "";
+        QTest::newRow("input 1") << GeneralInput << 1 << "lbl1" << "";
+        QTest::newRow("input 2") << GeneralInput << 2 << "lbl2" << "";
+        QTest::newRow("input 3") << GeneralInput << 3 << "lbl3" << "";
+        QTest::newRow("input 4") << GeneralInput << 4 << "" << "";
+        QTest::newRow("yes/no -1") << YesNo << -1 << "lblMsg1" << "";
+        QTest::newRow("yes/no 1") << YesNo << 1 << "lblMsg1" << "";
+        QTest::newRow("yes/no 2") << YesNo << 2 << "lblMsg2" << "";
+        QTest::newRow("yes/no 3") << YesNo << 3 << "lblMsg3" << "";
+        QTest::newRow("yes/no 4") << YesNo << 4 << "lblMsg4" << "";
+        QTest::newRow("yes/no 5") << YesNo << 5 << "lblMsg1" << "";
+        QTest::newRow("input link, address shown") << GeneralInput << 0 << "lblLink" << s_url;
+        QTest::newRow("message link, address shown") << MsgWithLink << 0 << "lblLink" << s_url;
+        QTest::newRow("message link, own text") << MsgWithLink << 0 << "lblLink" << "Help";
+        QTest::newRow("yes/no line 2 link, address shown") << YesNo << 2 << "lblMsg2" << s_url;
+        QTest::newRow("yes/no line 4 link, own text") << YesNo << 4 << "lblMsg4" << "Help";
+        // clang-format on
     }
-    // Plain text; the yes/no lines become selectable and open links whatever they hold.
-    void messageIndex()
+    void labels()
     {
         QFETCH(Dialog, dialog);
         QFETCH(int, index);
         QFETCH(QString, target);
+        QFETCH(QString, link);
         const std::unique_ptr<QDialog> shown = make(dialog, QString());
-        const QStringList names = dialog == YesNo
-            ? QStringList { "lblMsg1", "lblMsg2", "lblMsg3", "lblMsg4" }
-            : QStringList { "lblTitle", "lbl1", "lbl2", "lbl3", "lblLink" };
-        for (const QString& name : names)
-            label(shown.get(), name)->setText(QStringLiteral("before"));
-        if (auto* yesNo = qobject_cast<CYesNoContinueDlg*>(shown.get()))
-            yesNo->setMsg(index, QStringLiteral("after"), false);
+        const QList<QLabel*> lines = shown->findChildren<QLabel*>(QRegularExpression("^lbl"));
+        for (QLabel* line : lines)
+            line->setText(QStringLiteral("before"));
+        auto* input = qobject_cast<dlgGeneralInput*>(shown.get());
+        auto* message = qobject_cast<DlgMsgWithLink*>(shown.get());
+        auto* yesNo = qobject_cast<CYesNoContinueDlg*>(shown.get());
+        if (link.isEmpty())
+            yesNo ? yesNo->setMsg(index, "after", false) : input->setMsg(index, "after");
+        else if (input)
+            input->setMsgLink(s_url);
+        else if (message)
+            link == s_url ? message->setLink(s_url) : message->setLink2(s_url, link);
         else
-            static_cast<dlgGeneralInput*>(shown.get())->setMsg(index, QStringLiteral("after"));
-        for (const QString& name : names)
-            QCOMPARE(label(shown.get(), name)->text(),
-                     QString(name == target ? "after" : "before"));
-        if (dialog == YesNo) {
-            QCOMPARE(int(label(shown.get(), target)->textInteractionFlags()), 13);
-            QVERIFY(label(shown.get(), target)->openExternalLinks());
-        }
+            link == s_url ? yesNo->setMsg(index, s_url, true)
+                          : yesNo->setLinkMsg(index, s_url, link);
+        const QString after = link.isEmpty()
+            ? QStringLiteral("after")
+            : QStringLiteral("<a href=\"%1\">%2</a>").arg(s_url, link);
+        for (QLabel* line : lines)
+            QCOMPARE(line->text(), line->objectName() == target ? after : QStringLiteral("before"));
+        if (!yesNo && link.isEmpty())
+            return;
+        auto* line = shown->findChild<QLabel*>(target);
+        QCOMPARE(int(line->textInteractionFlags()), 13);
+        QVERIFY(line->openExternalLinks());
+        if (link.isEmpty())
+            return;
+        QCOMPARE(line->textFormat(), Qt::RichText);
+        Browser browser;
+        QDesktopServices::setUrlHandler(QStringLiteral("https"), &browser, "open");
+        shown->show();
+        QVERIFY(QTest::qWaitForWindowExposed(shown.get()));
+        const QPoint onText(line->contentsRect().left() + 3, line->height() / 2);
+        QTest::mouseClick(line, Qt::LeftButton, {}, onText);
+        QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
+        QCOMPARE(browser.opened, QList<QUrl> { QUrl(s_url) });
     }
 
     void warnYesNo_data()
@@ -347,15 +302,11 @@ private Q_SLOTS:
         QTest::addColumn<bool>("result");
         QTest::addColumn<QStringList>("lines"); // lblMsg1 to lblMsg3
         // clang-format off
-        QTest::newRow("one text, Ok") << 1 << Ok << true
-            << QStringList{ "Delete return:", "first", "" };
-        QTest::newRow("two texts, Cancel") << 2 << Cancel << false
-            << QStringList{ "first", "second", "" };
-        QTest::newRow("three texts, Escape") << 3 << Escape << false
-            << QStringList{ "first", "second", "third" };
+        QTest::newRow("one text, Ok") << 1 << Ok << true << QStringList{ "Delete return:", "first", "" };
+        QTest::newRow("two texts, Cancel") << 2 << Cancel << false << QStringList{ "first", "second", "" };
+        QTest::newRow("three texts, Escape") << 3 << Escape << false << QStringList{ "first", "second", "third" };
         // Cancel has the focus, but Enter still goes to Ok.
-        QTest::newRow("Return on Cancel") << 1 << ReturnOnOther << true
-            << QStringList{ "Delete return:", "first", "" };
+        QTest::newRow("Return on Cancel") << 1 << ReturnOnOther << true << QStringList{ "Delete return:", "first", "" };
         // clang-format on
     }
     void warnYesNo()
@@ -369,7 +320,7 @@ private Q_SLOTS:
         whenModal([&](QWidget* modal) {
             seen << modal->windowTitle();
             for (const QString name : { "lblMsg1", "lblMsg2", "lblMsg3" })
-                seen << label(modal, name)->text();
+                seen << modal->findChild<QLabel*>(name)->text();
             QPushButton* cancel = button(modal, QDialogButtonBox::Cancel);
             press(how, button(modal, QDialogButtonBox::Ok), cancel, cancel);
         });
@@ -379,51 +330,6 @@ private Q_SLOTS:
             : CYesNoContinueDlg::warnYesNoMsg(nullptr, title, "first", "second", "third");
         QCOMPARE(answer, result);
         QCOMPARE(seen, QStringList(title) + lines);
-    }
-
-    void links_data()
-    {
-        QTest::addColumn<Dialog>("dialog");
-        QTest::addColumn<int>("index"); // of the yes/no line
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<QString>("text");
-        // clang-format off
-        QTest::newRow("input, address shown") << GeneralInput << 0 << "lblLink" << s_url;
-        QTest::newRow("message, address shown") << MsgWithLink << 0 << "lblLink" << s_url;
-        QTest::newRow("message, own text") << MsgWithLink << 0 << "lblLink" << "Help";
-        QTest::newRow("yes/no line 2, address shown") << YesNo << 2 << "lblMsg2" << s_url;
-        QTest::newRow("yes/no line 4, own text") << YesNo << 4 << "lblMsg4" << "Help";
-        QTest::newRow("yes/no line 5, own text") << YesNo << 5 << "lblMsg1" << "Help";
-        // clang-format on
-    }
-    // Rich text, selectable, and a click opens the address in the browser.
-    void links()
-    {
-        QFETCH(Dialog, dialog);
-        QFETCH(int, index);
-        QFETCH(QString, target);
-        QFETCH(QString, text);
-        const std::unique_ptr<QDialog> shown = make(dialog, QString());
-        if (auto* input = qobject_cast<dlgGeneralInput*>(shown.get()))
-            input->setMsgLink(s_url);
-        else if (auto* message = qobject_cast<DlgMsgWithLink*>(shown.get()))
-            text == s_url ? message->setLink(s_url) : message->setLink2(s_url, text);
-        else if (auto* yesNo = qobject_cast<CYesNoContinueDlg*>(shown.get()))
-            text == s_url ? yesNo->setMsg(index, s_url, true)
-                          : yesNo->setLinkMsg(index, s_url, text);
-        QLabel* line = label(shown.get(), target);
-        QCOMPARE(line->text(), QStringLiteral("<a href=\"%1\">%2</a>").arg(s_url, text));
-        QCOMPARE(line->textFormat(), Qt::RichText);
-        QCOMPARE(int(line->textInteractionFlags()), 13);
-
-        Browser browser;
-        QDesktopServices::setUrlHandler(QStringLiteral("https"), &browser, "open");
-        shown->show();
-        QVERIFY(QTest::qWaitForWindowExposed(shown.get()));
-        const QPoint onText(line->contentsRect().left() + 3, line->height() / 2);
-        QTest::mouseClick(line, Qt::LeftButton, {}, onText);
-        QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
-        QCOMPARE(browser.opened, QList<QUrl> { QUrl(s_url) });
     }
 
     void checkboxAnswer_data()
