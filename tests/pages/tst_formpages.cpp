@@ -192,6 +192,10 @@ void whenModal(std::function<void(QWidget*)> look)
         if (QWidget* modal = QApplication::activeModalWidget()) {
             timer->stop();
             timer->deleteLater();
+            // The offscreen platform does not activate a new dialog as a desktop does;
+            // without it, focus moves (and so editingFinished) never happen in it.
+            QApplication::setActiveWindow(modal);
+            QVERIFY(QTest::qWaitForWindowActive(modal));
             look(modal);
             modal->close();
         }
