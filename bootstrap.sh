@@ -24,7 +24,9 @@ packages=(cmake make g++ pkg-config qt6-base-dev qt6-base-dev-tools libgl-dev
 [ "$what" = bench ] && packages+=(libbenchmark-dev libssl-dev)
 # The network tests make a throwaway certificate and run a real web server of
 # their own on the loopback address.
-case "$what" in test | sanitize) packages+=(openssl nginx-light) ;; esac
+# The wheel tests deliver a turn through Qt's window-system entry point
+# (qt6-base-private-dev), the only way an ignored turn reaches the page.
+case "$what" in test | sanitize) packages+=(openssl nginx-light qt6-base-private-dev) ;; esac
 [ "$what" = format ] && packages=(clang-format git)
 [ "$what" = sanitize ] && build="${BUILD_DIR:-$here/build-sanitize}"
 

@@ -1,10 +1,9 @@
 // Helpers of the widget tests: a widget made afresh for each table row, a
-// property compared per row, a window that really has the focus, and the wheel.
+// property compared per row, and a window that really has the focus.
 #pragma once
 
 #include <QApplication>
 #include <QTest>
-#include <QWheelEvent>
 #include <QWidget>
 
 #include <functional>
@@ -39,17 +38,4 @@ inline void showActive(QWidget& window)
     window.show();
     QApplication::setActiveWindow(&window);
     QVERIFY(QTest::qWaitForWindowActive(&window));
-}
-
-// A wheel turn either way is left to scroll the page, and `property` stays.
-inline void checkWheelIgnored(QWidget* w, const char* property)
-{
-    const QVariant before = w->property(property);
-    for (int delta : { 120, -120 }) {
-        QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, delta), Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(w, &event);
-        QVERIFY(!event.isAccepted());
-        QCOMPARE(w->property(property), before);
-    }
 }

@@ -2,6 +2,7 @@
 #include "dependantinfo.h"
 #include "jurisdictiontables.h"
 #include "styledcombobox.h"
+#include "wheeltests.h"
 #include "widgettests.h"
 
 #include <cstring>

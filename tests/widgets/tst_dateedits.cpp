@@ -1,5 +1,6 @@
 #include "styledcheckbox.h"
 #include "styleddateedit.h"
+#include "wheeltests.h"
 #include "widgetappearance.h"
 #include "widgettests.h"
 
