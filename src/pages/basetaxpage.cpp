@@ -59,45 +59,37 @@ void BaseTaxPage::syncData()
     AssociateFormData();
     m_associated = true;
 
-    for (auto& [w, f] : m_stringFields)
-        m_lineEditFilter->installOn(w);
-    for (auto& [w, f] : m_dateFields)
-        m_dateEditFilter->installOn(w);
-    for (auto& [w, f] : m_floatFields)
-        m_doubleEditFilter->installOn(w);
-    for (auto& [w, f] : m_checkFields) {
+    using Bedrock::each;
+    each(m_stringFields, [this](auto w, auto) { m_lineEditFilter->installOn(w); });
+    each(m_dateFields, [this](auto w, auto) { m_dateEditFilter->installOn(w); });
+    each(m_floatFields, [this](auto w, auto) { m_doubleEditFilter->installOn(w); });
+    each(m_checkFields, [](auto w, auto) {
         // A box without a label, or with a long one, is easy to miss unticked.
         auto* check = qobject_cast<StyledCheckBox*>(w);
         if (check && (check->text().isEmpty() || check->text().size() >= 11))
             check->makeBold();
-    }
+    });
     // The widgets may keep Return's release to themselves; the page must see it.
-    const auto watch = [this](QObject* w) { w->installEventFilter(this); };
-    for (auto& [w, f] : m_floatFields)
-        watch(w);
-    for (auto& [w, f] : m_checkFields)
-        watch(w);
-    for (auto& [w, f] : m_radioFields) {
+    const auto watch = [this](auto w, auto) { w->installEventFilter(this); };
+    each(m_floatFields, watch);
+    each(m_checkFields, watch);
+    each(m_radioFields, [this](auto w, auto) {
         for (QAbstractButton* b : w->buttons())
-            watch(b);
-    }
-    for (auto& [w, f] : m_comboFields)
-        watch(w);
-    for (auto& [w, f] : m_dateFields)
-        watch(w);
-    for (auto& [w, f] : m_dateTimeFields)
-        watch(w);
-    for (auto& [w, f] : m_stringFields)
-        watch(w);
+            b->installEventFilter(this);
+    });
+    each(m_comboFields, watch);
+    each(m_dateFields, watch);
+    each(m_dateTimeFields, watch);
+    each(m_stringFields, watch);
 
     // Loaded once: a later redraw must not throw away what is being typed.
     m_syncing = true;
-    for (auto& [w, f] : m_multiLineFields) {
+    each(m_multiLineFields, [](auto w, auto f) {
         w->setUndoRedoEnabled(false);
         w->setUpdatesEnabled(false);
         w->setPlainText(f->m_text);
         w->setUpdatesEnabled(true);
-    }
+    });
     m_syncing = false;
 
     GetDataFromDoc();
@@ -310,7 +302,7 @@ bool BaseTaxPage::isReturnRelease(QEvent* e) const
     if (e->type() != QEvent::KeyRelease)
         return false;
     auto* key = static_cast<QKeyEvent*>(e);
-    if (key->isAutoRepeat() || (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter))
+    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
         return false;
     // In a multi-line box Return starts a new line; it does not leave the box.
     return !qobject_cast<QPlainTextEdit*>(QApplication::focusWidget());

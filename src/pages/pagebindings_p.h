@@ -125,25 +125,29 @@ template<typename T> CField* storeDateTime(T& t, QObject* sender)
     return f;
 }
 
+// Calls fn(widget, field) for each binding of `fields`; a widget bound to no
+// field (or a null widget) is passed over, as the change handlers pass it over.
+template<typename M, typename Fn> void each(const M& fields, Fn fn)
+{
+    for (const auto& [w, f] : fields) {
+        if (w && f)
+            fn(w, f);
+    }
+}
+
 // Every writable pair, texts trimmed; nothing is calculated.
 template<typename T> void putAll(T& t)
 {
-    for (auto& [w, f] : t.m_stringFields)
-        f->m_text = w->text().trimmed();
-    for (auto& [w, f] : t.m_multiLineFields)
-        f->m_text = w->document()->toPlainText().trimmed();
-    for (auto& [w, f] : t.m_floatFields)
-        f->m_value = w->getDouble();
-    for (auto& [w, f] : t.m_checkFields)
-        setIntValue(f, w->checkState() == Qt::Checked ? 1 : 0);
-    for (auto& [w, f] : t.m_radioFields)
-        setIntValue(f, w->checkedId());
-    for (auto& [w, f] : t.m_comboFields)
-        setIntValue(f, w->GetCurSelData());
-    for (auto& [w, f] : t.m_dateFields)
-        f->m_value = w->date();
-    for (auto& [w, f] : t.m_dateTimeFields)
-        f->m_value = w->dateTime();
+    each(t.m_stringFields, [](auto w, auto f) { f->m_text = w->text().trimmed(); });
+    each(t.m_multiLineFields,
+         [](auto w, auto f) { f->m_text = w->document()->toPlainText().trimmed(); });
+    each(t.m_floatFields, [](auto w, auto f) { f->m_value = w->getDouble(); });
+    each(t.m_checkFields,
+         [](auto w, auto f) { setIntValue(f, w->checkState() == Qt::Checked ? 1 : 0); });
+    each(t.m_radioFields, [](auto w, auto f) { setIntValue(f, w->checkedId()); });
+    each(t.m_comboFields, [](auto w, auto f) { setIntValue(f, w->GetCurSelData()); });
+    each(t.m_dateFields, [](auto w, auto f) { f->m_value = w->date(); });
+    each(t.m_dateTimeFields, [](auto w, auto f) { f->m_value = w->dateTime(); });
 }
 
 struct RedrawRules {
@@ -158,16 +162,15 @@ struct RedrawRules {
 // Shows every field in its widget, in the order the pages have always used.
 template<typename T> void redrawAll(T& t, const RedrawRules& rules)
 {
-    for (auto& [w, f] : t.m_floatFields) {
+    each(t.m_floatFields, [&](auto w, auto f) {
         w->setDouble(f->m_value);
         if (rules.floatFilter)
             rules.floatFilter->installOn(w);
-    }
-    for (auto& [w, f] : t.m_shownFloatFields)
-        w->setDouble(f->m_value);
-    for (auto& [w, f] : t.m_checkFields)
-        w->setCheckState(intValue(f) != 0 ? Qt::Checked : Qt::Unchecked);
-    for (auto& [w, f] : t.m_radioFields) {
+    });
+    each(t.m_shownFloatFields, [](auto w, auto f) { w->setDouble(f->m_value); });
+    each(t.m_checkFields,
+         [](auto w, auto f) { w->setCheckState(intValue(f) != 0 ? Qt::Checked : Qt::Unchecked); });
+    each(t.m_radioFields, [&](auto w, auto f) {
         if (QAbstractButton* button = w->button(intValue(f))) {
             button->setChecked(true);
         } else if (rules.clearRadioWithoutButton) {
@@ -178,23 +181,15 @@ template<typename T> void redrawAll(T& t, const RedrawRules& rules)
                 w->setExclusive(true);
             }
         }
-    }
-    for (auto& [w, f] : t.m_comboFields)
-        w->SetCurSelData(intValue(f));
-    for (auto& [w, f] : t.m_dateFields)
-        w->setDate(f->m_value);
-    for (auto& [w, f] : t.m_dateTimeFields)
-        w->setDatetime(f->m_value);
-    for (auto& [w, f] : t.m_shownDateFields)
-        w->setDate(f->m_value);
-    for (auto& [w, f] : t.m_stringFields)
-        w->setText(f->m_text);
-    for (auto& [w, f] : t.m_shownStringFields)
-        w->setText(f->m_text);
-    if (rules.multiLines) {
-        for (auto& [w, f] : t.m_multiLineFields)
-            w->setPlainText(f->m_text);
-    }
+    });
+    each(t.m_comboFields, [](auto w, auto f) { w->SetCurSelData(intValue(f)); });
+    each(t.m_dateFields, [](auto w, auto f) { w->setDate(f->m_value); });
+    each(t.m_dateTimeFields, [](auto w, auto f) { w->setDatetime(f->m_value); });
+    each(t.m_shownDateFields, [](auto w, auto f) { w->setDate(f->m_value); });
+    each(t.m_stringFields, [](auto w, auto f) { w->setText(f->m_text); });
+    each(t.m_shownStringFields, [](auto w, auto f) { w->setText(f->m_text); });
+    if (rules.multiLines)
+        each(t.m_multiLineFields, [](auto w, auto f) { w->setPlainText(f->m_text); });
 }
 
 } // namespace Bedrock

@@ -20,12 +20,12 @@ WSMultiDepDlg::~WSMultiDepDlg()
 void WSMultiDepDlg::initUI(int width, int height)
 {
     QTabWidget* tabs = m_ui->tabWgt1;
-    // The form's placeholder tabs go for good.
-    while (tabs->count() > 0) {
-        QWidget* placeholder = tabs->widget(0);
-        tabs->removeTab(0);
-        delete placeholder;
-    }
+    tabs->clear();
+    // The form's placeholder tabs go for good; the caller's pages are never deleted here.
+    delete m_ui->tab;
+    m_ui->tab = nullptr;
+    delete m_ui->tab_2;
+    m_ui->tab_2 = nullptr;
     tabs->setUsesScrollButtons(true);
     tabs->setElideMode(Qt::ElideRight);
     int counter = 0;
@@ -37,9 +37,12 @@ void WSMultiDepDlg::initUI(int width, int height)
             ? QStringLiteral("Dependant %1").arg(counter)
             : page->m_tabTitle;
         tabs->addTab(page, text);
-        page->AssociateFormData();
+        // A page is bound once; a second initUI only shows it again.
+        if (!m_bound)
+            page->AssociateFormData();
         page->GetDataFromDoc();
     }
+    m_bound = true;
     resize(width, height);
 }
 

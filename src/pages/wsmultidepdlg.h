@@ -33,4 +33,7 @@ public:
 
     std::list<PpgWizardPage*>* m_pages;
     Ui::WSMultiDepDlg* m_ui;
+
+private:
+    bool m_bound = false;
 };

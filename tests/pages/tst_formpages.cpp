@@ -463,6 +463,29 @@ private Q_SLOTS:
         QCOMPARE(m_calc->at(0).at(1).value<CField*>(), noField);
     }
 
+    // Outside the usual one-shot use, nothing is freed or bound twice.
+    void hostileUse()
+    {
+        Sheet sheet;
+        std::list<PpgWizardPage*> pages { new SheetPage(&sheet, nullptr) };
+        WSMultiDepDlg dialog("t", pages, nullptr);
+        dialog.initUI(400, 300);
+        dialog.initUI(400, 300);
+        QCOMPARE(dialog.findChild<QTabWidget*>("tabWgt1")->count(), 1);
+        sheet.calculations = 0;
+        Q_EMIT pages.front()->findChild<DoubleLineEdit*>("line1")->editingFinished();
+        QCOMPARE(sheet.calculations, 1); // one connection, one calculation
+
+        // A box bound to no field is passed over, as the handlers pass it over.
+        auto* loose = new DoubleLineEdit(m_page);
+        loose->setObjectName("loose");
+        m_page->m_floatEdits["loose"] = loose;
+        m_page->m_floatFields[loose] = nullptr;
+        m_page->GetDataFromDoc();
+        m_page->PutDataToDoc();
+        QVERIFY(loose->text().isEmpty());
+    }
+
     void scrollArea()
     {
         auto* content = new QWidget;
