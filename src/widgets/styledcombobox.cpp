@@ -138,10 +138,8 @@ void CT1ComboBox::LoadProvs()
 
 void CT1ComboBox::LoadProvsPlus1()
 {
-    for (int i = 0; i <= 13; ++i)
-        addTableRow(Global_Provs_Info[i].name, i);
+    LoadProvs();
     addItem(tr("Outside Canada"), 14);
-    SetCurSel(0);
 }
 
 void CT1ComboBox::LoadProvForNonResi()
