@@ -1,5 +1,4 @@
 // The message dialogs, driven as a user would on the offscreen platform.
-#include "basedialog.h"
 #include "coneqonechkboxdialog.h"
 #include "cyesnocontinuedlg.h"
 #include "dlggeneralinput.h"
@@ -14,7 +13,7 @@
 
 namespace {
 
-enum Dialog { GeneralInput, MsgWithLink, YesNo };
+enum Dialog { GeneralInput, MsgWithLink, YesNo, Checkbox };
 enum Press { Ok, Cancel, Escape, ReturnOnOther };
 
 const QString s_url = QStringLiteral("https://example.org/help");
@@ -51,24 +50,14 @@ QPushButton* button(QWidget* dialog, QDialogButtonBox::StandardButton which)
     return dialog->findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))->button(which);
 }
 
-// Clicks Ok or Cancel, or sends Escape or Return to `other`, the widget with the focus.
-void press(Press how, QWidget* ok, QWidget* cancel, QWidget* other)
+// Clicks Ok or Cancel, or sends Escape or Return to `other` (else to Cancel).
+void press(Press how, QWidget* ok, QWidget* cancel, QWidget* other = nullptr)
 {
     if (how == Ok || how == Cancel)
         QTest::mouseClick(how == Ok ? ok : cancel, Qt::LeftButton);
     else
-        QTest::keyClick(other, how == Escape ? Qt::Key_Escape : Qt::Key_Return);
+        QTest::keyClick(other ? other : cancel, how == Escape ? Qt::Key_Escape : Qt::Key_Return);
 }
-
-// Stands in for the default browser.
-class Browser : public QObject
-{
-    Q_OBJECT
-public:
-    QList<QUrl> opened;
-public Q_SLOTS:
-    void open(const QUrl& url) { opened << url; }
-};
 
 } // namespace
 
@@ -78,6 +67,9 @@ Q_DECLARE_METATYPE(Press)
 class tst_Dialogs : public QObject
 {
     Q_OBJECT
+    QList<QUrl> opened; // by the stand-in for the default browser
+public Q_SLOTS:
+    void open(const QUrl& url) { opened << url; }
 private Q_SLOTS:
     void messageBoxes_data()
     {
@@ -104,8 +96,6 @@ private Q_SLOTS:
         QVariantList seen;
         whenModal([&](QWidget* modal) {
             auto* box = qobject_cast<QMessageBox*>(modal);
-            if (!box)
-                return;
             seen << box->windowTitle() << box->text() << int(box->standardButtons())
                  << int(box->icon());
             QTest::mouseClick(box->button(QMessageBox::StandardButton(answer)), Qt::LeftButton);
@@ -187,40 +177,6 @@ private Q_SLOTS:
         QCOMPARE(names, column);
     }
 
-    void generalInput_data()
-    {
-        QTest::addColumn<Press>("how");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("accepted");
-        QTest::newRow("Ok") << Ok << "K1A 0A6" << true;
-        QTest::newRow("Ok on an empty box") << Ok << "" << true;
-        QTest::newRow("Cancel") << Cancel << "K1A 0A6" << false;
-        QTest::newRow("Escape") << Escape << "K1A 0A6" << false;
-    }
-    void generalInput()
-    {
-        QFETCH(Press, how);
-        QFETCH(QString, typed);
-        QFETCH(bool, accepted);
-        dlgGeneralInput dialog(QStringLiteral("Postal code"), nullptr);
-        QSignalSpy finished(&dialog, &QDialog::finished);
-        whenModal([&](QWidget* modal) {
-            auto* box = modal->findChild<QLineEdit*>(QStringLiteral("lineEdit"));
-            QTest::keyClicks(box, typed);
-            press(how, button(modal, QDialogButtonBox::Ok), button(modal, QDialogButtonBox::Cancel),
-                  box);
-        });
-        QString caller = QStringLiteral("before");
-        QCOMPARE(dialog.runAndGetInput(caller), accepted);
-        QCOMPARE(caller, accepted ? typed : QStringLiteral("before"));
-        QString kept = QStringLiteral("unset");
-        dialog.getInput(kept);
-        QCOMPARE(kept, accepted ? typed : QString());
-        // Closed once, with the result the caller tests.
-        QCOMPARE(finished.count(), 1);
-        QCOMPARE(finished.at(0).at(0).toInt(), accepted ? QDialog::Accepted : QDialog::Rejected);
-    }
-
     // setMsg and the links, by index: the label each reaches, the others left alone.
     // Plain text stays plain; the yes/no lines become selectable and open links
     // whatever they hold. A link is rich text, and a click opens it in the browser.
@@ -285,88 +241,99 @@ private Q_SLOTS:
         if (link.isEmpty())
             return;
         QCOMPARE(line->textFormat(), Qt::RichText);
-        Browser browser;
-        QDesktopServices::setUrlHandler(QStringLiteral("https"), &browser, "open");
+        opened.clear();
+        QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "open");
         shown->show();
         QVERIFY(QTest::qWaitForWindowExposed(shown.get()));
         const QPoint onText(line->contentsRect().left() + 3, line->height() / 2);
         QTest::mouseClick(line, Qt::LeftButton, {}, onText);
         QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
-        QCOMPARE(browser.opened, QList<QUrl> { QUrl(s_url) });
+        QCOMPARE(opened, QList<QUrl> { QUrl(s_url) });
     }
 
-    void warnYesNo_data()
+    // Answers by mouse or key; Return goes to Ok even from Cancel or the check box.
+    // `given`: the text typed, the texts warned with, or the tick and whether there is
+    // no place for the answer. `shown`: lblMsg1 to lblMsg3 of the warning.
+    void answers_data()
     {
-        QTest::addColumn<int>("texts");
+        QTest::addColumn<Dialog>("dialog"); // YesNo: warnYesNoMsg
         QTest::addColumn<Press>("how");
-        QTest::addColumn<bool>("result");
-        QTest::addColumn<QStringList>("lines"); // lblMsg1 to lblMsg3
+        QTest::addColumn<QStringList>("given");
+        QTest::addColumn<QStringList>("shown");
+        using L = QStringList;
         // clang-format off
-        QTest::newRow("one text, Ok") << 1 << Ok << true << QStringList{ "Delete return:", "first", "" };
-        QTest::newRow("two texts, Cancel") << 2 << Cancel << false << QStringList{ "first", "second", "" };
-        QTest::newRow("three texts, Escape") << 3 << Escape << false << QStringList{ "first", "second", "third" };
-        // Cancel has the focus, but Enter still goes to Ok.
-        QTest::newRow("Return on Cancel") << 1 << ReturnOnOther << true << QStringList{ "Delete return:", "first", "" };
+        QTest::newRow("input, Ok") << GeneralInput << Ok << L{ "K1A 0A6" } << L{};
+        QTest::newRow("input, Ok on an empty box") << GeneralInput << Ok << L{ "" } << L{};
+        QTest::newRow("input, Cancel") << GeneralInput << Cancel << L{ "K1A 0A6" } << L{};
+        QTest::newRow("input, Escape") << GeneralInput << Escape << L{ "K1A 0A6" } << L{};
+        QTest::newRow("warn one text, Ok") << YesNo << Ok << L{ "first" } << L{ "Delete return:", "first", "" };
+        QTest::newRow("warn two texts, Cancel") << YesNo << Cancel << L{ "first", "second" } << L{ "first", "second", "" };
+        QTest::newRow("warn three texts, Escape") << YesNo << Escape << L{ "first", "second", "third" } << L{ "first", "second", "third" };
+        QTest::newRow("warn, Return on Cancel") << YesNo << ReturnOnOther << L{ "first" } << L{ "Delete return:", "first", "" };
+        QTest::newRow("check box, OK, ticked") << Checkbox << Ok << L{ "tick" } << L{};
+        QTest::newRow("check box, OK, not ticked") << Checkbox << Ok << L{} << L{};
+        QTest::newRow("check box, Cancel, ticked") << Checkbox << Cancel << L{ "tick" } << L{};
+        QTest::newRow("check box, Cancel, not ticked") << Checkbox << Cancel << L{} << L{};
+        QTest::newRow("check box, Return on it") << Checkbox << ReturnOnOther << L{ "tick" } << L{};
+        QTest::newRow("check box, no place for the answer") << Checkbox << Ok << L{ "tick", "no place" } << L{};
         // clang-format on
     }
-    void warnYesNo()
+    void answers()
     {
-        QFETCH(int, texts);
+        QFETCH(Dialog, dialog);
         QFETCH(Press, how);
-        QFETCH(bool, result);
-        QFETCH(QStringList, lines);
-        const QString title = QStringLiteral("Delete return");
+        QFETCH(QStringList, given);
+        QFETCH(QStringList, shown);
+        const bool accepted = how == Ok || how == ReturnOnOther;
+        const bool tick = given.contains("tick");
         QStringList seen;
         whenModal([&](QWidget* modal) {
-            seen << modal->windowTitle();
-            for (const QString name : { "lblMsg1", "lblMsg2", "lblMsg3" })
-                seen << modal->findChild<QLabel*>(name)->text();
-            QPushButton* cancel = button(modal, QDialogButtonBox::Cancel);
-            press(how, button(modal, QDialogButtonBox::Ok), cancel, cancel);
+            if (auto* box = qobject_cast<COneQOneChkboxDialog*>(modal)) {
+                if (tick)
+                    QTest::mouseClick(box->m_checkBox, Qt::LeftButton);
+                return press(how, box->m_okButton, box->m_cancelButton, box->m_checkBox);
+            }
+            auto* edit = modal->findChild<QLineEdit*>(QStringLiteral("lineEdit"));
+            if (edit) {
+                QTest::keyClicks(edit, given[0]);
+            } else {
+                seen << modal->windowTitle();
+                for (const QString name : { "lblMsg1", "lblMsg2", "lblMsg3" })
+                    seen << modal->findChild<QLabel*>(name)->text();
+            }
+            press(how, button(modal, QDialogButtonBox::Ok), button(modal, QDialogButtonBox::Cancel),
+                  edit);
         });
-        const bool answer = texts == 1 ? CYesNoContinueDlg::warnYesNoMsg(nullptr, title, "first")
-            : texts == 2
-            ? CYesNoContinueDlg::warnYesNoMsg(nullptr, title, "first", "second")
-            : CYesNoContinueDlg::warnYesNoMsg(nullptr, title, "first", "second", "third");
-        QCOMPARE(answer, result);
-        QCOMPARE(seen, QStringList(title) + lines);
-    }
-
-    void checkboxAnswer_data()
-    {
-        QTest::addColumn<Press>("how");
-        QTest::addColumn<bool>("tick");
-        QTest::addColumn<bool>("noPlace"); // checked is null
-        QTest::addColumn<int>("result");
-        // clang-format off
-        QTest::newRow("OK, ticked") << Ok << true << false << int(QDialog::Accepted);
-        QTest::newRow("OK, not ticked") << Ok << false << false << int(QDialog::Accepted);
-        QTest::newRow("Cancel, ticked") << Cancel << true << false << int(QDialog::Rejected);
-        QTest::newRow("Cancel, not ticked") << Cancel << false << false << int(QDialog::Rejected);
-        QTest::newRow("Return on the check box") << ReturnOnOther << true << false << int(QDialog::Accepted);
-        QTest::newRow("no place for the answer") << Ok << true << true << int(QDialog::Accepted);
-        // clang-format on
-    }
-    void checkboxAnswer()
-    {
-        QFETCH(Press, how);
-        QFETCH(bool, tick);
-        QFETCH(bool, noPlace);
-        QFETCH(int, result);
-        whenModal([&](QWidget* modal) {
-            auto* dialog = qobject_cast<COneQOneChkboxDialog*>(modal);
-            if (!dialog)
-                return;
-            if (tick)
-                QTest::mouseClick(dialog->m_checkBox, Qt::LeftButton);
-            press(how, dialog->m_okButton, dialog->m_cancelButton, dialog->m_checkBox);
-        });
-        bool checked = !tick; // so that every answer is a write
-        QCOMPARE(COneQOneChkboxDialog::showDialog("Carry forward", "Copy last year's data?",
-                                                  "Do not ask again", noPlace ? nullptr : &checked,
-                                                  QMessageBox::Question, nullptr),
-                 result);
-        QCOMPARE(checked, noPlace ? !tick : tick);
+        if (dialog == GeneralInput) {
+            dlgGeneralInput input(QStringLiteral("Postal code"), nullptr);
+            QSignalSpy finished(&input, &QDialog::finished);
+            QString caller = QStringLiteral("before");
+            QCOMPARE(input.runAndGetInput(caller), accepted);
+            QCOMPARE(caller, accepted ? given[0] : QStringLiteral("before"));
+            QString kept = QStringLiteral("unset");
+            input.getInput(kept);
+            QCOMPARE(kept, accepted ? given[0] : QString());
+            QCOMPARE(finished.count(), 1);
+            QCOMPARE(finished.at(0).at(0).toInt(),
+                     accepted ? QDialog::Accepted : QDialog::Rejected);
+        } else if (dialog == YesNo) {
+            const QString title = QStringLiteral("Delete return");
+            using D = CYesNoContinueDlg;
+            QCOMPARE(given.size() == 1 ? D::warnYesNoMsg(nullptr, title, given[0])
+                         : given.size() == 2
+                         ? D::warnYesNoMsg(nullptr, title, given[0], given[1])
+                         : D::warnYesNoMsg(nullptr, title, given[0], given[1], given[2]),
+                     accepted);
+            QCOMPARE(seen, QStringList(title) + shown);
+        } else {
+            const bool noPlace = given.contains("no place");
+            bool checked = !tick; // so that every answer is a write
+            QCOMPARE(COneQOneChkboxDialog::showDialog(
+                         "Carry forward", "Copy last year's data?", "Do not ask again",
+                         noPlace ? nullptr : &checked, QMessageBox::Question, nullptr),
+                     accepted ? QDialog::Accepted : QDialog::Rejected);
+            QCOMPARE(checked, noPlace ? !tick : tick);
+        }
     }
 
     void checkboxForm_data()

@@ -1,5 +1,4 @@
-// The standard worksheet pages, opened in their dialog and used as a person
-// does: amounts typed and left, ticks, a dependant chosen, Finish.
+// The worksheet pages in their dialog, used as a person does: typing, ticks, a dependant, Finish.
 #include "widgettests.h"
 
 #include <LibBedrock.h>
@@ -44,14 +43,12 @@ struct Sheet {
     explicit Sheet(Kind kind)
     {
         deps.AllocData(2);
-        const char* names[] = { "Anna", "Louis" };
-        const int years[] = { 2012, 1950 };
-        const double incomes[] = { 1234.5, 9876.54 };
-        for (int i = 0; i < 2; ++i) {
-            std::strcpy(deps.m_pData[i].m_FirstName, names[i]);
-            deps.m_pData[i].m_BirthDate = QDate(years[i], 3, 4);
-            deps.m_pData[i].m_NetIncome = incomes[i];
-        }
+        std::strcpy(deps.m_pData[0].m_FirstName, "Anna");
+        std::strcpy(deps.m_pData[1].m_FirstName, "Louis");
+        deps.m_pData[0].m_BirthDate = QDate(2012, 3, 4);
+        deps.m_pData[1].m_BirthDate = QDate(1950, 3, 4);
+        deps.m_pData[0].m_NetIncome = 1234.5;
+        deps.m_pData[1].m_NetIncome = 9876.54;
         QWidget* none = nullptr;
         if (kind == Self58440) {
             auto* d = make<WS58440_DisabilitySelf_tab1, CWSDisabilityAmtData>(none);
@@ -136,18 +133,6 @@ struct Sheet {
     template<typename W = QWidget> W* box(const QString& name) { return page->findChild<W*>(name); }
     static QString shown(double value) { return QString::number(value, 'f', 2); }
 
-    // Types over what the box shows, and stays in it. Leaving the box that had
-    // the focus before is an edit of its own, so counting starts here.
-    void type(const QString& name, const QString& text)
-    {
-        auto* edit = box<QLineEdit>(name);
-        edit->setFocus();
-        counter->calculations = 0;
-        calc.clear();
-        QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(edit, text);
-    }
-
     DependantInfoStruct deps;
     BaseTaxPage form { 1, nullptr, nullptr };
     std::function<void()> formCalc;
@@ -168,9 +153,8 @@ class tst_WorksheetPages : public QObject
 {
     Q_OBJECT
 private slots:
-    // Each amount box shows the field of its line; only the typed lines are open.
-    // A box is named as its field, read-only; "+" marks an open one, "=field" another
-    // field, "=" none.
+    // Each amount box shows its line's field; only typed lines are open. A box is named as
+    // its field, read-only; "+" marks an open one, "=field" another field, "=" none.
     void boxesShowTheirLines_data()
     {
         QTest::addColumn<Kind>("kind");
@@ -198,10 +182,9 @@ private slots:
         Sheet s(kind);
         s.counter->frozen = true;
         double value = 100;
-        for (CField* f : s.data->m_fields) {
+        for (CField* f : s.data->m_fields)
             if (auto* amount = dynamic_cast<CFloatField*>(f))
                 amount->m_value = value += 11.11;
-        }
         const auto values = s.values();
         s.open();
         QStringList seen, expected;
@@ -216,11 +199,9 @@ private slots:
         QCOMPARE(seen, expected);
     }
 
-    // One change: the value reaches its field, the sheet is worked out once
-    // (or the form behind it is asked, with no field), and the page is redrawn.
-    // Typed but not left, nothing is stored or worked out yet, the adoption total
-    // included: leaving stores it. Finish does not, since the handlers have
-    // written everything already.
+    // One change: the value reaches its field, the sheet is worked out once (or the form
+    // behind it is asked, with no field), and the page is redrawn. Typed but not left,
+    // nothing is stored or worked out, the adoption total included; Finish stores nothing.
     void changes_data()
     {
         QTest::addColumn<Kind>("kind");
@@ -272,7 +253,12 @@ private slots:
         const auto before = s.values();
         QWidget* w = s.box(box);
         if (act == Type || act == Finish) {
-            s.type(box, input);
+            // Leaving the box that had the focus is an edit of its own: count from here.
+            w->setFocus();
+            s.counter->calculations = 0;
+            s.calc.clear();
+            QTest::keyClick(w, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClicks(w, input);
             QCOMPARE(s.values(), before);
             QCOMPARE(s.counter->calculations + s.calc.count(), 0);
             if (kind == Adoption)
@@ -300,10 +286,9 @@ private slots:
             return;
         // Every bound widget shows its field again, the shown-only ones too.
         PpgWizardPage* p = s.page;
-        for (auto* fields : { &p->m_floatFields, &p->m_shownFloatFields }) {
+        for (auto* fields : { &p->m_floatFields, &p->m_shownFloatFields })
             for (auto& [edit, f] : *fields)
                 QCOMPARE(edit->text(), s.shown(f->m_value));
-        }
         for (auto& [check, f] : p->m_checkFields)
             QCOMPARE(check->isChecked(), valueOf(f) != 0);
         for (auto& [combo, f] : p->m_comboFields)
